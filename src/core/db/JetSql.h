@@ -1,0 +1,44 @@
+#pragma once
+// The dialect layer: the statements of the screens are written in the Jet
+// dialect (`[t]![c]`, `&`, `#dates#`, `DELETE * FROM`, IIF, FORMAT,
+// TRANSFORM ... PIVOT ...) and are rewritten here into SQLite text that calls
+// the user functions registered by Connection (see SqlFunctions.h).
+//
+// The rewrite works on tokens and an expression parser, never on raw text, so
+// strings and dates pass through untouched and operator precedence is Jet's.
+#include <QString>
+#include <QStringList>
+
+namespace db {
+
+struct Translation {
+    enum class Kind { Query, Command, Pivot };
+
+    Kind kind = Kind::Command;
+    QString sql;            // the SQLite text (for a pivot: the grouped select)
+    QStringList baseTables; // tables of the outer FROM (UPDATE/DELETE/INSERT: the target)
+    bool rowidColumns = false;  // hidden "__rowid_<table>" columns were added
+    int pivotRowHeads = 0;      // pivot: the leading row-heading columns
+    QStringList pivotIn;        // pivot: fixed column headings of PIVOT ... IN (...)
+};
+
+class JetSql {
+public:
+    struct Options {
+        // Add hidden rowid columns per base table to plain selects, so that a
+        // recordset can write its edits back. Ignored where rows are not
+        // single table rows (GROUP BY, DISTINCT, aggregates, UNION).
+        bool rowids = false;
+    };
+
+    // Throws RuntimeError (syntax) when the text is not a statement of the dialect.
+    static Translation translate(const QString& jet, Options options);
+    static Translation translate(const QString& jet) { return translate(jet, Options{}); }
+
+    // Name of the collation added to text ORDER BY terms and text comparisons.
+    static constexpr const char* kCollation = "jet_es";
+    // Prefix of the hidden key columns.
+    static constexpr const char* kRowidPrefix = "__rowid_";
+};
+
+} // namespace db

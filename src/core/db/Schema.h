@@ -1,0 +1,28 @@
+#pragma once
+// The tables of a school year (Xestion.mdb) and of the print staging
+// database (Impresion.mdb). Only SQLite's own types and collations, so any
+// SQLite tool can open a year; keys are INTEGER PRIMARY KEY, given by the
+// program, never by the engine.
+#include <QString>
+#include <QStringList>
+
+namespace db {
+
+class Connection;
+
+namespace Schema {
+
+// DDL of a year: every table, Booleans defaulting to False.
+QString YearDdl();
+// DDL of the print staging database.
+QString PrintDdl();
+
+// Creates a new file with the tables; throws RuntimeError if it exists.
+void CreateYear(const QString& path);
+void CreatePrint(const QString& path);
+
+// The names of the tables of a year, in creation order.
+QStringList YearTables();
+
+} // namespace Schema
+} // namespace db
