@@ -1,1 +1,194 @@
-int main(){return 0;}
+// The shared record functions, on a seeded year opened as the session.
+#include "../support/TempYear.h"
+#include "core/Funciones.h"
+#include "core/Modulo.h"
+#include "core/db/Recordset.h"
+#include "core/vb/RuntimeError.h"
+
+#include <QtTest>
+
+namespace {
+
+QVariant value(const QString& sql)
+{
+    db::Recordset rs;
+    rs.Open(sql, gConexion);
+    return rs.Eof() ? QVariant(QStringLiteral("<no rows>")) : rs.Value(0);
+}
+
+int count(const QString& sql)
+{
+    db::Recordset rs;
+    rs.Open(sql, gConexion);
+    return rs.RecordCount();
+}
+
+} // namespace
+
+class TestFunciones : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TempYear> year_;
+
+private slots:
+    void init()
+    {
+        year_ = std::make_unique<TempYear>(TempYear::Fill::Seeded);
+        gConexion = year_->connect();
+    }
+    void cleanup()
+    {
+        gConexion.reset();
+        year_.reset();
+    }
+
+    void siguienteIdOnAnEmptyTableIsOne()
+    {
+        gConexion->Execute(QStringLiteral("DELETE * FROM tblIncidencias"));
+        QCOMPARE(SiguienteId(QStringLiteral("tblIncidencias"), QStringLiteral("Id"), QString()), 1);
+    }
+
+    void siguienteIdIsTheLastKeyPlusOne()
+    {
+        QCOMPARE(SiguienteId(QStringLiteral("tblNotas"), QStringLiteral("Id"), QString()), 18);
+    }
+
+    void aDeletedLastRowGivesItsKeyAgain()
+    {
+        gConexion->Execute(QStringLiteral("DELETE * FROM tblNotas WHERE Id = 17"));
+        gConexion->Execute(QStringLiteral("DELETE * FROM tblNotas WHERE Id = 16"));
+        QCOMPARE(SiguienteId(QStringLiteral("tblNotas"), QStringLiteral("Id"), QString()), 16);
+    }
+
+    void descripcionPorIdFindsTheText()
+    {
+        QCOMPARE(DescripcionPorId(QStringLiteral("tblAlumnos"), QStringLiteral("Id"), QStringLiteral("Ape"), 3),
+                 QStringLiteral("Pérez Castro"));
+    }
+
+    void descripcionPorIdOfAKeyThatIsGoneIsNoEncontrado()
+    {
+        QCOMPARE(DescripcionPorId(QStringLiteral("tblAlumnos"), QStringLiteral("Id"), QStringLiteral("Ape"), 50),
+                 QStringLiteral("NO ENCONTRADO"));
+    }
+
+    void idPorDescripcionFindsTheKey()
+    {
+        QCOMPARE(IdPorDescripcion(QStringLiteral("tblTutoriaMaterias"), QStringLiteral("Cod"), QStringLiteral("Id"),
+                                  QStringLiteral("MAT")),
+                 2);
+    }
+
+    void idPorDescripcionOfAnUnknownTextIsZero()
+    {
+        QCOMPARE(IdPorDescripcion(QStringLiteral("tblTutoriaMaterias"), QStringLiteral("Cod"), QStringLiteral("Id"),
+                                  QStringLiteral("XYZ")),
+                 0);
+    }
+
+    void existeRegistroOnSurnameAndNameJoined()
+    {
+        QVERIFY(ExisteRegistro(QStringLiteral("tblAlumnos"), QStringLiteral("[Ape] & [Nom]"),
+                               QStringLiteral("García LópezAna")));
+        QVERIFY(!ExisteRegistro(QStringLiteral("tblAlumnos"), QStringLiteral("[Ape] & [Nom]"),
+                                QStringLiteral("García López Ana")));
+    }
+
+    void borrarRegistroDeletesTheRows()
+    {
+        BorrarRegistro(QStringLiteral("tblNotasRubrica"), QStringLiteral("IdNota"), QStringLiteral("7"));
+        QCOMPARE(count(QStringLiteral("SELECT * FROM tblNotasRubrica WHERE IdNota = 7")), 0);
+        QCOMPARE(count(QStringLiteral("SELECT * FROM tblNotasRubrica")), 2);
+    }
+
+    void borrarRegistroWithAnEmptyValueFails()
+    {
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, BorrarRegistro(QStringLiteral("tblNotas"), QStringLiteral("Id"), QString()));
+        QCOMPARE(count(QStringLiteral("SELECT * FROM tblNotas")), 17);
+    }
+
+    void pesoTipoTareaReadsTheWeight()
+    {
+        QCOMPARE(PesoTipoTarea(1, 1, 1, 1), 60.0f);
+        QCOMPARE(PesoTipoTarea(3, 1, 1, 1), 10.0f);
+    }
+
+    void pesoTipoTareaWithoutARowIsZero() { QCOMPARE(PesoTipoTarea(3, 2, 1, 1), 0.0f); }
+
+    void pesoTipoTareaTakesTheFirstOfTwoRows()
+    {
+        gConexion->ExecuteNative(QStringLiteral(
+            "INSERT INTO tblTareasTiposValor (Id, IdTareaTip, IdEval, IdMat, IdGrupo, Valor) VALUES (8, 1, 1, 1, 1, 99)"));
+        QCOMPARE(PesoTipoTarea(1, 1, 1, 1), 60.0f);
+    }
+
+    void renumerarOrdenOnAnEmptyTableDoesNothing()
+    {
+        gConexion->Execute(QStringLiteral("DELETE * FROM tblHorarioDias"));
+        RenumerarOrden(QStringLiteral("tblHorarioDias"));
+        QCOMPARE(count(QStringLiteral("SELECT * FROM tblHorarioDias")), 0);
+    }
+
+    void renumerarOrdenClosesTheGapOfADeletedPosition()
+    {
+        gConexion->Execute(QStringLiteral("DELETE * FROM tblHorarioHoras WHERE Id = 1"));
+        RenumerarOrden(QStringLiteral("tblHorarioHoras"));
+        QCOMPARE(value(QStringLiteral("SELECT Orden FROM tblHorarioHoras WHERE Id = 2")).toInt(), 1);
+        QCOMPARE(value(QStringLiteral("SELECT Orden FROM tblHorarioHoras WHERE Id = 3")).toInt(), 2);
+    }
+
+    // Sessions point at positions, not keys: without the shift of OrdenDia
+    // the sessions of the second day now stand under the next day.
+    void sessionsKeepPointingAtPositionsWhenADayGoes()
+    {
+        gConexion->ExecuteNative(QStringLiteral("INSERT INTO tblHorarioDias (Id, Des, Orden) VALUES (3, 'Mércores', 3);"
+                                                "INSERT INTO tblHorarioSesiones (Id, OrdenDia, OrdenHora, IdMat, IdGru, "
+                                                "Des, Color) VALUES (7, 3, 1, 2, 2, 'Mates mércores', 0)"));
+        gConexion->Execute(QStringLiteral("DELETE * FROM tblHorarioDias WHERE Id = 1"));
+        RenumerarOrden(QStringLiteral("tblHorarioDias"));
+        const QString dayOfSession =
+            QStringLiteral("SELECT tblHorarioDias.Des FROM tblHorarioSesiones INNER JOIN tblHorarioDias ON "
+                           "tblHorarioSesiones.OrdenDia = tblHorarioDias.Orden WHERE tblHorarioSesiones.Id = %1");
+        QCOMPARE(value(dayOfSession.arg(4)).toString(), QStringLiteral("Mércores")); // was Martes
+        QCOMPARE(value(dayOfSession.arg(1)).toString(), QStringLiteral("Martes"));   // was Lunes
+    }
+
+    void notaPonderadaWeighsAndScales()
+    {
+        QCOMPARE(NotaPonderada(50.0f, 4, 3, 10), 3.75f);
+        QCOMPARE(NotaPonderada(100.0f, 3, 1, 10), 3.333f);
+        // 1/8 * 0.5 * 1 = 0.0625 -> half to even on three decimals
+        QCOMPARE(NotaPonderada(50.0f, 8, 1, 1), 0.062f);
+    }
+
+    void notaPonderadaWithAMaximumOfZeroIsZero() { QCOMPARE(NotaPonderada(50.0f, 0, 3, 10), 0.0f); }
+
+    void aStudentOfADeletedGroupStaysInTheLeftJoinListOnly()
+    {
+        const QString label = QStringLiteral("[tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' ' & [tblGrupos]![Des]");
+        QString left = QStringLiteral(
+                                 "SELECT tblAlumnos.Id, %1 AS DesGrupo FROM ((tblAlumnos LEFT JOIN tblGrupos ON "
+                                 "tblAlumnos.Grupo = tblGrupos.Id) LEFT JOIN tblCursos ON tblGrupos.IdCurso = "
+                                 "tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel = tblNiveles.Id WHERE "
+                                 "tblAlumnos.Id = 8")
+                                 .arg(label);
+        QCOMPARE(count(left), 1);
+        QCOMPARE(value(left.replace(QStringLiteral("tblAlumnos.Id, "), QString())).toString().trimmed(), QString());
+        QCOMPARE(count(QStringLiteral("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = "
+                                      "tblGrupos.Id WHERE tblAlumnos.Id = 8")),
+                 0);
+    }
+
+    void anApostropheInAStatementFailsAndLeavesTheRowAsItWas()
+    {
+        QVERIFY_THROWS_EXCEPTION(RuntimeError,
+                                 gConexion->Execute(QStringLiteral(
+                                     "UPDATE tblNotas SET tblNotas.Nota = 5, tblNotas.Obs = 'Traballo d'equipo' WHERE "
+                                     "tblNotas.IdTarea=1 AND tblNotas.IdAlu=1")));
+        QCOMPARE(value(QStringLiteral("SELECT Obs FROM tblNotas WHERE Id = 1")).toString(), QStringLiteral("Buen trabajo"));
+        QCOMPARE(value(QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 1")).toDouble(), 7.5);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFunciones)
+#include "test_funciones.moc"

@@ -68,6 +68,9 @@ void Connection::openFile(bool create)
                            QStringLiteral("No se pudo abrir la base de datos '%1': %2").arg(path_, msg));
     }
     sqlite3_extended_result_codes(db_, 1);
+    // A quoted name that matches no column is an error, never a text.
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+    sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_busy_timeout(db_, 5000);
     registerSqlFunctions(db_);
     // The year file stays whole after each statement: years are copied as folders.
