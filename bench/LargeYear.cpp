@@ -217,6 +217,12 @@ QString ascii(const QString& s)
     return out;
 }
 
+// "Xosé Núñez" -> "xose.nunez@example.com".
+QString mail(const QString& fullName)
+{
+    return ascii(fullName.section(u' ', 0, 0)) + u'.' + ascii(fullName.section(u' ', 1)) + QStringLiteral("@example.com");
+}
+
 QString phone(Random& r) { return QString::number(600000000 + r.below(99999999)); }
 
 QDate weekday(QDate d)
@@ -322,31 +328,33 @@ void fill(sqlite3* db)
             const QDate born = QDate(2014 - c, 1, 1).addDays(r.below(365));
             const QDate enrolled = QDate(2018 + r.below(7), 9, 9 + r.below(5));
             const QString note = r.chance(0.08) ? QString::fromUtf8(r.pick(kStudentNotes)) : QString();
+            const QString street = QString::fromUtf8(r.pick(kStreets)) + u' ' + QString::number(1 + r.below(60));
+            const QString fatherPhone = phone(r);
+            const QString fatherMail = r.chance(0.8) ? mail(father) : QString();
+            const QString motherPhone = phone(r);
+            const QString motherMail = r.chance(0.8) ? mail(mother) : QString();
+            const bool av = r.chance(0.1);
             student.integer(a)
                 .text(sur1 + u' ' + sur2)
                 .text(name)
                 .date(born)
                 .date(enrolled)
-                .text(QString::fromUtf8(r.pick(kStreets)) + u' ' + QString::number(1 + r.below(60)))
+                .text(street)
                 .text(town.cp)
                 .text(town.name)
                 .text(town.province)
                 .text("España")
                 .text(father)
-                .text(phone(r))
-                .optional(r.chance(0.8) ? ascii(father).insert(ascii(father.section(u' ', 0, 0)).size(), u'.')
-                                              + QStringLiteral("@example.com")
-                                        : QString())
+                .text(fatherPhone)
+                .optional(fatherMail)
                 .text(mother)
-                .text(phone(r))
-                .optional(r.chance(0.8) ? ascii(mother).insert(ascii(mother.section(u' ', 0, 0)).size(), u'.')
-                                              + QStringLiteral("@example.com")
-                                        : QString())
+                .text(motherPhone)
+                .optional(motherMail)
                 .text(ascii(name) + u'.' + ascii(sur1) + QString::number(a) + QStringLiteral("@example.com"))
                 .optional(note)
                 .integer(g)
                 .null()
-                .integer(r.chance(0.1) ? 1 : 0)
+                .integer(av ? 1 : 0)
                 .row();
         }
     }

@@ -1,6 +1,7 @@
 // The shared record functions, on a seeded year opened as the session.
 #include "../support/TempYear.h"
 #include "core/Funciones.h"
+#include "core/MesALetra.h"
 #include "core/Modulo.h"
 #include "core/db/Recordset.h"
 #include "core/vb/RuntimeError.h"
@@ -177,6 +178,17 @@ private slots:
         QCOMPARE(count(QStringLiteral("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = "
                                       "tblGrupos.Id WHERE tblAlumnos.Id = 8")),
                  0);
+    }
+
+    void monthListsAreInCalendarOrderWithTheProgramsOwnGalicianNames()
+    {
+        QCOMPARE(MesALetra::Galego().size(), 12);
+        QCOMPARE(MesALetra::Castelan().size(), 12);
+        QCOMPARE(MesALetra::MesGalego(6), QStringLiteral("Xuño"));
+        QCOMPARE(MesALetra::MesGalego(10), QStringLiteral("Outono"));
+        QCOMPARE(MesALetra::MesGalego(12), QStringLiteral("Nadal"));
+        QCOMPARE(MesALetra::MesCastelan(9), QStringLiteral("Setiembre"));
+        QCOMPARE(MesALetra::MesCastelan(12), QStringLiteral("Diciembre"));
     }
 
     void anApostropheInAStatementFailsAndLeavesTheRowAsItWas()
