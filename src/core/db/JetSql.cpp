@@ -641,6 +641,15 @@ private:
 
     Expr expression() { return orExpr(); }
 
+    // fn(a, b): the operators SQLite lacks or means otherwise.
+    static Expr call2(const char* fn, const Expr& a, const Expr& b)
+    {
+        Expr e;
+        e.sql = QLatin1String(fn) + u'(' + a.sql + QStringLiteral(", ") + b.sql + u')';
+        e.aggregate = a.aggregate || b.aggregate;
+        return e;
+    }
+
     static Expr combine(const Expr& a, const QString& op, const Expr& b)
     {
         Expr e;
@@ -772,26 +781,16 @@ private:
     Expr modulo()
     {
         Expr e = intDivision();
-        while (acceptWord("MOD")) {
-            const Expr r = intDivision();
-            Expr m;
-            m.sql = QStringLiteral("jet_mod(") + e.sql + QStringLiteral(", ") + r.sql + u')';
-            m.aggregate = e.aggregate || r.aggregate;
-            e = m;
-        }
+        while (acceptWord("MOD"))
+            e = call2("jet_mod", e, intDivision());
         return e;
     }
 
     Expr intDivision()
     {
         Expr e = multiplicative();
-        while (acceptOp("\\")) {
-            const Expr r = multiplicative();
-            Expr d;
-            d.sql = QStringLiteral("jet_idiv(") + e.sql + QStringLiteral(", ") + r.sql + u')';
-            d.aggregate = e.aggregate || r.aggregate;
-            e = d;
-        }
+        while (acceptOp("\\"))
+            e = call2("jet_idiv", e, multiplicative());
         return e;
     }
 
@@ -803,11 +802,7 @@ private:
                 e = combine(e, QStringLiteral(" * "), unary());
             } else if (acceptOp("/")) {
                 // Always floating point, and a zero divisor is an error.
-                const Expr r = unary();
-                Expr d;
-                d.sql = QStringLiteral("jet_div(") + e.sql + QStringLiteral(", ") + r.sql + u')';
-                d.aggregate = e.aggregate || r.aggregate;
-                e = d;
+                e = call2("jet_div", e, unary());
             } else {
                 return e;
             }
@@ -829,13 +824,8 @@ private:
     Expr power()
     {
         Expr e = primary();
-        while (acceptOp("^")) {
-            const Expr r = primary();
-            Expr p;
-            p.sql = QStringLiteral("jet_pow(") + e.sql + QStringLiteral(", ") + r.sql + u')';
-            p.aggregate = e.aggregate || r.aggregate;
-            e = p;
-        }
+        while (acceptOp("^"))
+            e = call2("jet_pow", e, primary());
         return e;
     }
 

@@ -180,52 +180,24 @@ void jetStr(sqlite3_context* ctx, int, sqlite3_value** argv)
     });
 }
 
-template <QString (*F)(const QVariant&)>
-void textFunction(sqlite3_context* ctx, int, sqlite3_value** argv)
+// A function of one argument: Null gives Null, anything else goes through F.
+template <QVariant (*F)(const QVariant&)>
+void unary(sqlite3_context* ctx, int, sqlite3_value** argv)
 {
     if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
         return sqlite3_result_null(ctx);
     guarded(ctx, [&] { setResult(ctx, F(arg(argv, 0))); });
 }
 
-QString lowerCase(const QVariant& v) { return v.toString().toLower(); }
-QString cstrDate(const QVariant& v) { return vb::CStr(dateFromIso(v)); }
-
-void jetCInt(sqlite3_context* ctx, int, sqlite3_value** argv)
-{
-    if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] { sqlite3_result_int64(ctx, vb::CInt(arg(argv, 0))); });
-}
-
-void jetCLng(sqlite3_context* ctx, int, sqlite3_value** argv)
-{
-    if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] { sqlite3_result_int64(ctx, vb::CLng(arg(argv, 0))); });
-}
-
-void jetCDbl(sqlite3_context* ctx, int, sqlite3_value** argv)
-{
-    if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] { sqlite3_result_double(ctx, vb::CDbl(arg(argv, 0))); });
-}
-
-void jetCSng(sqlite3_context* ctx, int, sqlite3_value** argv)
-{
-    if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] { sqlite3_result_double(ctx, double(vb::CSng(arg(argv, 0)))); });
-}
-
+QVariant upperCase(const QVariant& v) { return vb::UCase(v); }
+QVariant lowerCase(const QVariant& v) { return v.toString().toLower(); }
+QVariant toText(const QVariant& v) { return vb::CStr(dateFromIso(v)); }
+QVariant toInteger(const QVariant& v) { return qint64(vb::CInt(v)); }
+QVariant toLong(const QVariant& v) { return qint64(vb::CLng(v)); }
+QVariant toDouble(const QVariant& v) { return vb::CDbl(v); }
+QVariant toSingle(const QVariant& v) { return double(vb::CSng(v)); }
 // Int(x): the largest whole number not above x.
-void jetInt(sqlite3_context* ctx, int, sqlite3_value** argv)
-{
-    if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] { sqlite3_result_double(ctx, std::floor(number(argv[0]))); });
-}
+QVariant wholePart(const QVariant& v) { return std::floor(vb::CDbl(v)); }
 
 void jetRound(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
@@ -267,19 +239,15 @@ void jetNow(sqlite3_context* ctx, int, sqlite3_value**)
 void jetDate(sqlite3_context* ctx, int, sqlite3_value**) { setResult(ctx, QDate::currentDate().toString(Qt::ISODate)); }
 
 template <int Part>
-void jetDatePart(sqlite3_context* ctx, int, sqlite3_value** argv)
+QVariant datePart(const QVariant& value)
 {
-    if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] {
-        QVariant v = dateFromIso(arg(argv, 0));
-        if (v.typeId() == QMetaType::QString)
-            v = vb::CDate(v);
-        const QDate d = v.typeId() == QMetaType::QDateTime ? v.toDateTime().date() : v.toDate();
-        if (!d.isValid())
-            throw RuntimeError(RuntimeError::TypeMismatch, QStringLiteral("No coinciden los tipos"));
-        sqlite3_result_int(ctx, Part == 0 ? d.year() : Part == 1 ? d.month() : d.day());
-    });
+    QVariant v = dateFromIso(value);
+    if (v.typeId() == QMetaType::QString)
+        v = vb::CDate(v);
+    const QDate d = v.typeId() == QMetaType::QDateTime ? v.toDateTime().date() : v.toDate();
+    if (!d.isValid())
+        throw RuntimeError(RuntimeError::TypeMismatch, QStringLiteral("No coinciden los tipos"));
+    return Part == 0 ? d.year() : Part == 1 ? d.month() : d.day();
 }
 
 // First and Last: the value of the first (last) row of the group, Null kept.
@@ -469,23 +437,23 @@ void registerSqlFunctions(sqlite3* db)
         {"jet_format", 2, jetFormat, true},
         {"jet_format", 1, jetFormat, true},
         {"jet_str", 1, jetStr, true},
-        {"jet_ucase", 1, textFunction<vb::UCase>, true},
-        {"jet_lcase", 1, textFunction<lowerCase>, true},
-        {"jet_cstr", 1, textFunction<cstrDate>, true},
-        {"jet_cint", 1, jetCInt, true},
-        {"jet_clng", 1, jetCLng, true},
-        {"jet_cdbl", 1, jetCDbl, true},
-        {"jet_csng", 1, jetCSng, true},
-        {"jet_int", 1, jetInt, true},
+        {"jet_ucase", 1, unary<upperCase>, true},
+        {"jet_lcase", 1, unary<lowerCase>, true},
+        {"jet_cstr", 1, unary<toText>, true},
+        {"jet_cint", 1, unary<toInteger>, true},
+        {"jet_clng", 1, unary<toLong>, true},
+        {"jet_cdbl", 1, unary<toDouble>, true},
+        {"jet_csng", 1, unary<toSingle>, true},
+        {"jet_int", 1, unary<wholePart>, true},
         {"jet_round", 1, jetRound, true},
         {"jet_round", 2, jetRound, true},
         {"jet_val", 1, jetVal, true},
         {"jet_right", 2, jetRight, true},
         {"jet_now", 0, jetNow, false},
         {"jet_date", 0, jetDate, false},
-        {"jet_year", 1, jetDatePart<0>, true},
-        {"jet_month", 1, jetDatePart<1>, true},
-        {"jet_day", 1, jetDatePart<2>, true},
+        {"jet_year", 1, unary<datePart<0>>, true},
+        {"jet_month", 1, unary<datePart<1>>, true},
+        {"jet_day", 1, unary<datePart<2>>, true},
         {"like", 2, likeFunction, true},
         {"like", 3, likeFunction, true},
     };

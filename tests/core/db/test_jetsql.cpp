@@ -186,6 +186,14 @@ private slots:
         }
     }
 
+    void modIntegerDivisionAndPowerFollowTheEngine()
+    {
+        QCOMPARE(scalar("SELECT 7 MOD 3 FROM tblNiveles WHERE Id=1").toInt(), 1);
+        QCOMPARE(scalar("SELECT 7 \\ 2 FROM tblNiveles WHERE Id=1").toInt(), 3);
+        QCOMPARE(scalar("SELECT 2^3 FROM tblNiveles WHERE Id=1").toDouble(), 8.0);
+        QCOMPARE(scalar("SELECT -2^2 FROM tblNiveles WHERE Id=1").toDouble(), 4.0); // unary minus binds tighter
+    }
+
     void divisionWithNullIsNull()
     {
         QVERIFY(scalar("SELECT Obs/2 FROM tblNotas WHERE Id=1").isNull());
