@@ -191,7 +191,7 @@ private slots:
         QCOMPARE(scalar("SELECT 7 MOD 3 FROM tblNiveles WHERE Id=1").toInt(), 1);
         QCOMPARE(scalar("SELECT 7 \\ 2 FROM tblNiveles WHERE Id=1").toInt(), 3);
         QCOMPARE(scalar("SELECT 2^3 FROM tblNiveles WHERE Id=1").toDouble(), 8.0);
-        QCOMPARE(scalar("SELECT -2^2 FROM tblNiveles WHERE Id=1").toDouble(), 4.0); // unary minus binds tighter
+        QCOMPARE(scalar("SELECT -2^2 FROM tblNiveles WHERE Id=1").toDouble(), -4.0); // the power binds tighter than the sign
     }
 
     void divisionWithNullIsNull()
