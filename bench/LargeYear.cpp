@@ -45,7 +45,11 @@ public:
     int below(int n) { return int(next() % quint64(n)); }
     double unit() { return double(next() >> 11) * 0x1.0p-53; }
     bool chance(double p) { return unit() < p; }
-    template <typename T, size_t N> const T& pick(const std::array<T, N>& a) { return a[size_t(below(int(N)))]; }
+    template <typename T, size_t N>
+    const T& pick(const std::array<T, N>& a)
+    {
+        return a[size_t(below(int(N)))];
+    }
 
 private:
     quint64 state_;
@@ -53,8 +57,9 @@ private:
 
 [[noreturn]] void fail(sqlite3* db, const char* what)
 {
-    throw RuntimeError(RuntimeError::DatabaseError,
-                       QStringLiteral("Año de pruebas (%1): %2").arg(QLatin1String(what), QString::fromUtf8(sqlite3_errmsg(db))));
+    throw RuntimeError(
+        RuntimeError::DatabaseError,
+        QStringLiteral("Año de pruebas (%1): %2").arg(QLatin1String(what), QString::fromUtf8(sqlite3_errmsg(db))));
 }
 
 void exec(sqlite3* db, const char* sql)
@@ -121,21 +126,21 @@ private:
 // ---------------------------------------------------------------- name lists
 
 const std::array<const char*, 40> kSurnames = {
-    "García",   "Fernández", "González", "Rodríguez", "López",     "Martínez", "Sánchez", "Pérez",
-    "Gómez",    "Díaz",      "Vázquez",  "Castro",    "Otero",     "Núñez",    "Iglesias", "Rey",
-    "Varela",   "Fariña",    "Muñiz",    "Castaño",   "Ordóñez",   "Seoane",   "Souto",   "Ferreiro",
-    "Piñeiro",  "Carballo",  "Domínguez", "Álvarez",  "Méndez",    "Peña",     "Bouzas",  "Lorenzo",
-    "Romero",   "Alonso",    "Blanco",   "Cabanas",   "Outeiriño", "Mariño",   "Ibáñez",  "Pazos"};
+    "García",  "Fernández", "González",  "Rodríguez", "López",     "Martínez", "Sánchez",  "Pérez",
+    "Gómez",   "Díaz",      "Vázquez",   "Castro",    "Otero",     "Núñez",    "Iglesias", "Rey",
+    "Varela",  "Fariña",    "Muñiz",     "Castaño",   "Ordóñez",   "Seoane",   "Souto",    "Ferreiro",
+    "Piñeiro", "Carballo",  "Domínguez", "Álvarez",   "Méndez",    "Peña",     "Bouzas",   "Lorenzo",
+    "Romero",  "Alonso",    "Blanco",    "Cabanas",   "Outeiriño", "Mariño",   "Ibáñez",   "Pazos"};
 
 const std::array<const char*, 30> kGirls = {
-    "Ana",    "Uxía",   "Sabela", "Antía",  "Noa",     "Lucía",  "Nerea",  "Begoña", "Inés",    "Sofía",
-    "María",  "Lúa",    "Xiana",  "Aldara", "Candela", "Iria",   "Noelia", "Carme",  "Rosalía", "Maruxa",
-    "Ainhoa", "Aitana", "Martina", "Olalla", "Leire",  "Mónica", "Tamara", "Nuria",  "Ángela",  "Érica"};
+    "Ana",    "Uxía",   "Sabela",  "Antía",  "Noa",     "Lucía",  "Nerea",  "Begoña", "Inés",    "Sofía",
+    "María",  "Lúa",    "Xiana",   "Aldara", "Candela", "Iria",   "Noelia", "Carme",  "Rosalía", "Maruxa",
+    "Ainhoa", "Aitana", "Martina", "Olalla", "Leire",   "Mónica", "Tamara", "Nuria",  "Ángela",  "Érica"};
 
 const std::array<const char*, 30> kBoys = {
-    "Brais", "Íñigo", "Xoán",   "Iago",   "Martín", "Mateo",  "Álvaro", "Íker",   "Óscar",  "Andrés",
-    "Rubén", "Ramón", "Adrián", "Jesús",  "Hugo",   "Breixo", "Anxo",   "Roi",    "Xián",   "Antón",
-    "Manuel", "Xosé", "Pablo",  "Iñaki",  "Tomás",  "Sergio", "Nicolás", "Fermín", "Martiño", "Joaquín"};
+    "Brais",  "Íñigo", "Xoán",   "Iago",  "Martín", "Mateo",  "Álvaro",  "Íker",   "Óscar",   "Andrés",
+    "Rubén",  "Ramón", "Adrián", "Jesús", "Hugo",   "Breixo", "Anxo",    "Roi",    "Xián",    "Antón",
+    "Manuel", "Xosé",  "Pablo",  "Iñaki", "Tomás",  "Sergio", "Nicolás", "Fermín", "Martiño", "Joaquín"};
 
 struct Town {
     const char* name;
@@ -153,18 +158,18 @@ const std::array<Town, 10> kTowns = {{{"Santiago de Compostela", "15702", "A Cor
                                       {"Pontevedra", "36001", "Pontevedra"},
                                       {"Vigo", "36201", "Pontevedra"}}};
 
-const std::array<const char*, 12> kStreets = {
-    "Rúa do Franco",   "Avenida de Lugo", "Praza de Galicia", "Calle Mayor",       "Rúa Nova",
-    "Rúa da Raíña",    "Avenida Castelao", "Calle Colón",     "Travesía de Vigo",  "Rúa Ramón Piñeiro",
-    "Camiño do Souto", "Praza de España"};
+const std::array<const char*, 12> kStreets = {"Rúa do Franco",     "Avenida de Lugo", "Praza de Galicia",
+                                              "Calle Mayor",       "Rúa Nova",        "Rúa da Raíña",
+                                              "Avenida Castelao",  "Calle Colón",     "Travesía de Vigo",
+                                              "Rúa Ramón Piñeiro", "Camiño do Souto", "Praza de España"};
 
 const std::array<const char*, 6> kStudentNotes = {
-    "Alergia al polen", "Necesita apoyo en lectura", "Repite curso",
+    "Alergia al polen",          "Necesita apoyo en lectura", "Repite curso",
     "Intolerancia a la lactosa", "Usa gafas: sentar delante", "Hermano en 2º ESO"};
 
-const std::array<const char*, 10> kSubjects = {
-    "Lengua Castellana", "Lingua Galega", "Matemáticas", "Inglés", "Ciencias Naturales",
-    "Ciencias Sociales", "Educación Física", "Música", "Educación Plástica", "Tecnología"};
+const std::array<const char*, 10> kSubjects = {"Lengua Castellana",  "Lingua Galega",     "Matemáticas",      "Inglés",
+                                               "Ciencias Naturales", "Ciencias Sociales", "Educación Física", "Música",
+                                               "Educación Plástica", "Tecnología"};
 
 struct TaskType {
     const char* name;
@@ -172,19 +177,16 @@ struct TaskType {
     int weight; // of the evaluation mark, the same in every group
     int days;   // from start to delivery
 };
-const std::array<TaskType, Shape::TaskTypes> kTypes = {{{"Examen", 10, 50, 0},
-                                                        {"Exposición oral", 10, 15, 0},
-                                                        {"Deberes", 5, 15, 7},
-                                                        {"Proyecto", 100, 20, 21}}};
+const std::array<TaskType, Shape::TaskTypes> kTypes = {
+    {{"Examen", 10, 50, 0}, {"Exposición oral", 10, 15, 0}, {"Deberes", 5, 15, 7}, {"Proyecto", 100, 20, 21}}};
 // Order in which task types come up along the year, shifted by subject.
 const std::array<int, 8> kTypeRota = {3, 3, 1, 2, 3, 4, 3, 1};
 
 const std::array<const char*, 10> kTalks = {
-    "Rosalía de Castro", "El ciclo del agua", "Castelao",     "Los volcanes",       "A miña vila",
+    "Rosalía de Castro", "El ciclo del agua", "Castelao",      "Los volcanes",      "A miña vila",
     "Año Nuevo chino",   "La energía solar",  "Os dinosauros", "Mi libro favorito", "El Camiño de Santiago"};
-const std::array<const char*, 6> kProjects = {
-    "huerto escolar", "periódico del aula", "maqueta del sistema solar",
-    "cómic en galego", "feria de ciencias", "radio escolar"};
+const std::array<const char*, 6> kProjects = {"huerto escolar",  "periódico del aula", "maqueta del sistema solar",
+                                              "cómic en galego", "feria de ciencias",  "radio escolar"};
 
 struct Evaluation {
     const char* name;
@@ -220,10 +222,14 @@ QString ascii(const QString& s)
 // "Xosé Núñez" -> "xose.nunez@example.com".
 QString mail(const QString& fullName)
 {
-    return ascii(fullName.section(u' ', 0, 0)) + u'.' + ascii(fullName.section(u' ', 1)) + QStringLiteral("@example.com");
+    return ascii(fullName.section(u' ', 0, 0)) + u'.' + ascii(fullName.section(u' ', 1)) +
+           QStringLiteral("@example.com");
 }
 
-QString phone(Random& r) { return QString::number(600000000 + r.below(99999999)); }
+QString phone(Random& r)
+{
+    return QString::number(600000000 + r.below(99999999));
+}
 
 QDate weekday(QDate d)
 {
@@ -234,7 +240,10 @@ QDate weekday(QDate d)
     return d;
 }
 
-double clamp01(double x) { return std::clamp(x, 0.0, 1.0); }
+double clamp01(double x)
+{
+    return std::clamp(x, 0.0, 1.0);
+}
 
 // A mark on the type's scale from a fraction of it: tenths on 0-10, halves on
 // 0-5, units on 0-100, as teachers write them.
@@ -307,7 +316,13 @@ void fill(sqlite3* db)
         for (int m = 1; m <= Shape::Subjects; ++m)
             for (int e = 1; e <= Shape::Evaluations; ++e)
                 for (int t = 1; t <= Shape::TaskTypes; ++t)
-                    weight.integer(++id).integer(t).integer(e).integer(m).integer(g).integer(kTypes[size_t(t - 1)].weight).row();
+                    weight.integer(++id)
+                        .integer(t)
+                        .integer(e)
+                        .integer(m)
+                        .integer(g)
+                        .integer(kTypes[size_t(t - 1)].weight)
+                        .row();
 
     // Students, with an ability that shapes their marks.
     std::vector<double> ability(Shape::Students + 1);
@@ -432,7 +447,8 @@ void fill(sqlite3* db)
         for (int m = 1; m <= Shape::Subjects; ++m) {
             double sum = 0;
             for (int e = 1; e <= Shape::Evaluations; ++e) {
-                const double nota = std::clamp(std::round(ability[size_t(a)] * 10.0 + (r.unit() - 0.5) * 3.0), 1.0, 10.0);
+                const double nota =
+                    std::clamp(std::round(ability[size_t(a)] * 10.0 + (r.unit() - 0.5) * 3.0), 1.0, 10.0);
                 sum += nota;
                 const bool recover = nota < 5;
                 evalMark.integer(++evalId).integer(e).integer(m).integer(a).real(nota);

@@ -13,7 +13,7 @@ struct LargeYearShape {
     static constexpr int Levels = 2;
     static constexpr int Courses = 6;
     static constexpr int GroupsPerCourse = 5;
-    static constexpr int Groups = Courses * GroupsPerCourse;  // 30
+    static constexpr int Groups = Courses * GroupsPerCourse; // 30
     static constexpr int StudentsPerGroup = 30;
     static constexpr int Students = Groups * StudentsPerGroup; // 900
     static constexpr int Subjects = 10;
@@ -22,7 +22,7 @@ struct LargeYearShape {
     static constexpr int TasksPerGroupSubject = 40;
     static constexpr int Tasks = Groups * Subjects * TasksPerGroupSubject; // 12,000
     static constexpr int Marks = Tasks * StudentsPerGroup;                 // 360,000
-    static constexpr int TutoredGroup = 11; // the only group with Tit = 1
+    static constexpr int TutoredGroup = 11;                                // the only group with Tit = 1
     static constexpr int TutoringSubjects = 6;
 };
 

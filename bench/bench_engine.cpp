@@ -40,12 +40,12 @@ const QString kTaskOrder = QStringLiteral(" ORDER BY tblTareas.FecIni DESC;");
 // The task list filtered by a text typed in the search box.
 QString taskTextFilter(const QString& text)
 {
-    return kTaskBase
-           + QStringLiteral(" WHERE tblTareasTipos.Des LIKE '%%1%' OR tblEvaluaciones.Des LIKE '%%1%' OR "
-                            "[tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' ' & [tblGrupos]![Des] LIKE '%%1%' OR "
-                            "tblTareas.Des LIKE '%%1%'")
-                 .arg(text)
-           + kTaskOrder;
+    return kTaskBase +
+           QStringLiteral(" WHERE tblTareasTipos.Des LIKE '%%1%' OR tblEvaluaciones.Des LIKE '%%1%' OR "
+                          "[tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' ' & [tblGrupos]![Des] LIKE '%%1%' OR "
+                          "tblTareas.Des LIKE '%%1%'")
+               .arg(text) +
+           kTaskOrder;
 }
 
 // The student sheet: mean mark per task type of one student in one
@@ -115,7 +115,10 @@ void openCount(benchmark::State& state, const QString& statement)
 
 // Every benchmark: wall-clock time, 5 repetitions, reported as their mean,
 // median, deviation and variation.
-void common(benchmark::internal::Benchmark* b) { b->UseRealTime()->Repetitions(5)->ReportAggregatesOnly(true); }
+void common(benchmark::internal::Benchmark* b)
+{
+    b->UseRealTime()->Repetitions(5)->ReportAggregatesOnly(true);
+}
 void micro(benchmark::internal::Benchmark* b)
 {
     common(b);
@@ -142,8 +145,9 @@ QString statementText(Statement s)
     return QString();
 }
 
-// Translation without the connection's cache: what the first opening of a
-// statement costs on top of SQLite's own preparation.
+// Translation without the connection's cache, as a recordset asks for it
+// (with the hidden key columns): what the first opening of a statement text
+// costs on top of SQLite's own preparation.
 void BM_TranslateStatement(benchmark::State& state, Statement which)
 {
     const QString text = statementText(which);

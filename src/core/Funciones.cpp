@@ -6,20 +6,16 @@
 
 qint32 SiguienteId(const QString& tabla, const QString& columna, const QString& serie)
 {
-    QString sql;
-    if (serie.isEmpty())
-        sql = QStringLiteral("SELECT %1 FROM %2 ORDER BY %1").arg(columna, tabla);
-    else
-        sql = QStringLiteral("SELECT %1 FROM %2 WHERE %2.Ser = '%3' ORDER BY %1").arg(columna, tabla, serie);
+    // The last value in ascending order is the greatest one: asking for it
+    // directly spares reading every key of a table of marks.
+    QString sql = QStringLiteral("SELECT Max(%1) AS Ultimo FROM %2").arg(columna, tabla);
+    if (!serie.isEmpty())
+        sql += QStringLiteral(" WHERE %1.Ser = '%2'").arg(tabla, serie);
     db::Recordset rs;
     rs.Open(sql, gConexion);
-    qint32 next = 1;
-    if (!rs.Bof() && !rs.Eof()) {
-        rs.MoveLast();
-        next = vb::CLng(rs.Fields(columna).Value()) + 1;
-    }
+    const QVariant last = rs.Fields(QStringLiteral("Ultimo")).Value();
     rs.Close();
-    return next;
+    return last.isNull() ? 1 : vb::CLng(last) + 1;
 }
 
 QString DescripcionPorId(const QString& tabla, const QString& clave, const QString& texto, qint32 id)

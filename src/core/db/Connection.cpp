@@ -58,8 +58,9 @@ std::shared_ptr<Connection> Connection::Create(const QString& path)
 
 void Connection::openFile(bool create)
 {
+    // One thread uses a connection, so SQLite's own locking is not needed.
     const QByteArray file = path_.toUtf8();
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_FULLMUTEX;
+    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(file.constData(), &db_, flags, nullptr) != SQLITE_OK) {
         const QString msg = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QStringLiteral("sin memoria");
         sqlite3_close_v2(db_);

@@ -8,6 +8,8 @@
 
 namespace db::Schema {
 
+// The indexes serve the lookups of the screens (the marks of a student, of a
+// task, the students of a group); the engine needs none of them.
 // Declared types carry what the program reads back: BOOLEAN as bool, FLOAT
 // (single precision) as float, DOUBLE as double, DATE and DATETIME as dates,
 // VARCHAR(n) with the length of the entry field.
@@ -180,6 +182,15 @@ CREATE TABLE tblTutoriaNotas (
   IdEval INTEGER,
   IdMat INTEGER,
   Nota DOUBLE);
+CREATE INDEX ixNotasTarea ON tblNotas (IdTarea);
+CREATE INDEX ixNotasAlumno ON tblNotas (IdAlu);
+CREATE INDEX ixNotasEvalAlumno ON tblNotasEval (IdAlu);
+CREATE INDEX ixNotasFinalAlumno ON tblNotasFinal (IdAlu);
+CREATE INDEX ixTareasGrupo ON tblTareas (IdGru);
+CREATE INDEX ixAlumnosGrupo ON tblAlumnos (Grupo);
+CREATE INDEX ixNotasRubricaNota ON tblNotasRubrica (IdNota);
+CREATE INDEX ixTareasRubricaTarea ON tblTareasRubrica (IdTarea);
+CREATE INDEX ixTutoriaNotasAlumno ON tblTutoriaNotas (IdAlu);
 )SQL");
 }
 

@@ -138,11 +138,43 @@ void jetPow(sqlite3_context* ctx, int argc, sqlite3_value** argv)
     guarded(ctx, [&] { sqlite3_result_double(ctx, std::pow(number(argv[0]), number(argv[1]))); });
 }
 
+bool isIsoDate(const char* s, int n)
+{
+    if (n != 10 || s[4] != '-' || s[7] != '-')
+        return false;
+    for (int i : {0, 1, 2, 3, 5, 6, 8, 9})
+        if (s[i] < '0' || s[i] > '9')
+            return false;
+    return true;
+}
+
+// The two formats every list uses, straight from the stored ISO text.
+bool quickFormat(sqlite3_context* ctx, sqlite3_value* value, sqlite3_value* format)
+{
+    if (sqlite3_value_type(value) != SQLITE_TEXT || sqlite3_value_type(format) != SQLITE_TEXT)
+        return false;
+    const char* s = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    const int n = sqlite3_value_bytes(value);
+    const char* f = reinterpret_cast<const char*>(sqlite3_value_text(format));
+    if (std::strcmp(f, "dd/MM/yyyy") == 0 && (isIsoDate(s, n) || (n == 19 && isIsoDate(s, 10)))) {
+        const char out[10] = {s[8], s[9], '/', s[5], s[6], '/', s[0], s[1], s[2], s[3]};
+        sqlite3_result_text(ctx, out, 10, SQLITE_TRANSIENT);
+        return true;
+    }
+    if (std::strcmp(f, "HH:mm") == 0 && (n == 5 || n == 8) && s[2] == ':') {
+        sqlite3_result_text(ctx, s, 5, SQLITE_TRANSIENT);
+        return true;
+    }
+    return false;
+}
+
 // FORMAT(value, format): dates stored as ISO text are dates here.
 void jetFormat(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
     if (sqlite3_value_type(argv[0]) == SQLITE_NULL)
         return sqlite3_result_null(ctx);
+    if (argc > 1 && quickFormat(ctx, argv[0], argv[1]))
+        return;
     guarded(ctx, [&] {
         const QString format = argc > 1 ? arg(argv, 1).toString() : QString();
         setResult(ctx, vb::Format(dateFromIso(arg(argv, 0)), format));

@@ -267,6 +267,8 @@ private slots:
         QCOMPARE(scalar("SELECT FORMAT(tblEvaluaciones.Fec,'dd/MM/yyyy') FROM tblEvaluaciones").toString(),
                  QStringLiteral("20/12/2024"));
         QCOMPARE(scalar("SELECT FORMAT(Fec,'dddd') FROM tblEvaluaciones").toString(), QStringLiteral("viernes"));
+        QCOMPARE(scalar("SELECT FORMAT(Fec,'dd/MM/yyyy') FROM tblTutoriaCitas").toString(), QStringLiteral("05/11/2024"));
+        QCOMPARE(scalar("SELECT FORMAT(Fec,'HH:mm') FROM tblTutoriaCitas").toString(), QStringLiteral("16:30"));
         QCOMPARE(scalar("SELECT FORMAT(tblHorarioHoras.Ini,'HH:mm') FROM tblHorarioHoras").toString(), QStringLiteral("08:30"));
         QCOMPARE(scalar("SELECT FORMAT(2.675,'##0.00') FROM tblNiveles WHERE Id=1").toString(), QStringLiteral("2,68"));
         QCOMPARE(scalar("SELECT FORMAT(0.125,'##0.00') FROM tblNiveles WHERE Id=1").toString(), QStringLiteral("0,13"));
