@@ -2,20 +2,91 @@
 
 #include "core/vb/RuntimeError.h"
 
-#include <QHash>
 #include <QSet>
-#include <QVector>
+#include <QVarLengthArray>
+
+#include <cstring>
+#include <string_view>
+
+// The translation runs for every new statement text (the screens put keys
+// and texts into their statements), so it avoids allocations: tokens are views
+// into the source, keywords are recognised without building upper-case
+// copies, and the output grows in one buffer. An operator that SQLite lacks
+// (`&`, `/`) wraps its left operand by inserting the function name where that
+// operand begins in the buffer.
 
 namespace db {
 namespace {
 
+// ---------------------------------------------------------------- keywords
+
+enum class Kw : quint8 {
+    None,
+    // words that end an expression or a table reference
+    Select, From, Where, Group, By, Having, Order, Asc, Desc, As, Inner, Left, Right, Outer, Join, On, And, Or, Not,
+    Like, Between, Is, In, Union, Pivot, Transform, Set, Values, Into, Mod, Xor, Distinct, DistinctRow, Top, All,
+    // statement starts and constants, which are not reserved as names
+    Insert, Update, Delete, True, False, Yes, No, Null
+};
+
+constexpr Kw kFirstUnreserved = Kw::Insert;
+
+struct KeywordName {
+    std::string_view text;
+    Kw kw;
+};
+
+constexpr KeywordName kKeywords[] = {
+    {"SELECT", Kw::Select},   {"FROM", Kw::From},       {"WHERE", Kw::Where},   {"GROUP", Kw::Group},
+    {"BY", Kw::By},           {"HAVING", Kw::Having},   {"ORDER", Kw::Order},   {"ASC", Kw::Asc},
+    {"DESC", Kw::Desc},       {"AS", Kw::As},           {"INNER", Kw::Inner},   {"LEFT", Kw::Left},
+    {"RIGHT", Kw::Right},     {"OUTER", Kw::Outer},     {"JOIN", Kw::Join},     {"ON", Kw::On},
+    {"AND", Kw::And},         {"OR", Kw::Or},           {"NOT", Kw::Not},       {"LIKE", Kw::Like},
+    {"BETWEEN", Kw::Between}, {"IS", Kw::Is},           {"IN", Kw::In},         {"UNION", Kw::Union},
+    {"PIVOT", Kw::Pivot},     {"TRANSFORM", Kw::Transform}, {"SET", Kw::Set},   {"VALUES", Kw::Values},
+    {"INTO", Kw::Into},       {"MOD", Kw::Mod},         {"XOR", Kw::Xor},       {"DISTINCT", Kw::Distinct},
+    {"DISTINCTROW", Kw::DistinctRow}, {"TOP", Kw::Top}, {"ALL", Kw::All},       {"INSERT", Kw::Insert},
+    {"UPDATE", Kw::Update},   {"DELETE", Kw::Delete},   {"TRUE", Kw::True},     {"FALSE", Kw::False},
+    {"YES", Kw::Yes},         {"NO", Kw::No},           {"NULL", Kw::Null},
+};
+
+// Upper-cases an ASCII word into buf; false for anything longer or not ASCII.
+bool asciiUpper(QStringView w, char* buf, int size)
+{
+    if (w.size() >= size)
+        return false;
+    for (qsizetype i = 0; i < w.size(); ++i) {
+        const char16_t c = w[i].unicode();
+        if (c >= 0x80)
+            return false;
+        buf[i] = char(c >= 'a' && c <= 'z' ? c - 32 : c);
+    }
+    buf[w.size()] = '\0';
+    return true;
+}
+
+Kw keywordOf(QStringView w)
+{
+    char up[16];
+    if (w.size() < 2 || !asciiUpper(w, up, sizeof up))
+        return Kw::None;
+    const std::string_view word(up, size_t(w.size()));
+    for (const KeywordName& k : kKeywords)
+        if (k.text.size() == word.size() && k.text[0] == word[0] && k.text == word)
+            return k.kw;
+    return Kw::None;
+}
+
 // ---------------------------------------------------------------- tokens
 
-enum class Tok { Ident, Bracket, String, Date, Number, Op, End };
+enum class Tok : quint8 { Ident, Bracket, String, Date, Number, Op, End };
 
 struct Token {
     Tok type = Tok::End;
-    QString text; // identifier, bracket content, string content, date content, number, operator
+    Kw kw = Kw::None;
+    bool escapedQuote = false; // a String holding doubled quotes
+    QChar quote;
+    QStringView text;          // the word, the content between delimiters, the number or the operator
     int pos = 0;
 };
 
@@ -25,15 +96,18 @@ struct Token {
                        QStringLiteral("Error de sintaxis en la instrucción SQL (%1, posición %2).").arg(what).arg(pos + 1));
 }
 
-bool isIdentStart(QChar c) { return c.isLetter() || c == u'_'; }
-bool isIdentPart(QChar c) { return c.isLetterOrNumber() || c == u'_'; }
-
-QVector<Token> tokenize(const QString& s)
+bool isAsciiLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_'; }
+bool isIdentStart(QChar c) { return c.unicode() < 0x80 ? isAsciiLetter(c.unicode()) : c.isLetter(); }
+bool isIdentPart(QChar c)
 {
-    QVector<Token> out;
-    out.reserve(s.size() / 4 + 4);
-    const int n = s.size();
-    int i = 0;
+    const char16_t u = c.unicode();
+    return u < 0x80 ? isAsciiLetter(u) || (u >= u'0' && u <= u'9') : c.isLetterOrNumber();
+}
+
+void tokenize(QStringView s, QVarLengthArray<Token, 256>& out)
+{
+    const qsizetype n = s.size();
+    qsizetype i = 0;
     while (i < n) {
         const QChar c = s[i];
         if (c.isSpace()) {
@@ -41,41 +115,37 @@ QVector<Token> tokenize(const QString& s)
             continue;
         }
         Token t;
-        t.pos = i;
-        if (c == u'[') {
-            const int end = s.indexOf(u']', i + 1);
+        t.pos = int(i);
+        if (c == u'[' || c == u'#') {
+            const QChar close = c == u'[' ? QChar(u']') : QChar(u'#');
+            const qsizetype end = s.indexOf(close, i + 1);
             if (end < 0)
-                syntaxError(QStringLiteral("falta ']'"), i);
-            t.type = Tok::Bracket;
+                syntaxError(QStringLiteral("falta '%1'").arg(close), int(i));
+            t.type = c == u'[' ? Tok::Bracket : Tok::Date;
             t.text = s.mid(i + 1, end - i - 1);
             i = end + 1;
         } else if (c == u'\'' || c == u'"') {
             // A doubled quote inside stands for one quote; a lone one ends the text.
-            t.type = Tok::String;
-            int j = i + 1;
+            qsizetype j = i + 1;
             for (;;) {
                 if (j >= n)
-                    syntaxError(QStringLiteral("falta la comilla de cierre"), i);
+                    syntaxError(QStringLiteral("falta la comilla de cierre"), int(i));
                 if (s[j] == c) {
                     if (j + 1 < n && s[j + 1] == c) {
-                        t.text += c;
+                        t.escapedQuote = true;
                         j += 2;
                         continue;
                     }
                     break;
                 }
-                t.text += s[j++];
+                ++j;
             }
+            t.type = Tok::String;
+            t.quote = c;
+            t.text = s.mid(i + 1, j - i - 1);
             i = j + 1;
-        } else if (c == u'#') {
-            const int end = s.indexOf(u'#', i + 1);
-            if (end < 0)
-                syntaxError(QStringLiteral("falta '#'"), i);
-            t.type = Tok::Date;
-            t.text = s.mid(i + 1, end - i - 1).trimmed();
-            i = end + 1;
         } else if (c.isDigit() || (c == u'.' && i + 1 < n && s[i + 1].isDigit())) {
-            int j = i;
+            qsizetype j = i;
             while (j < n && s[j].isDigit())
                 ++j;
             if (j < n && s[j] == u'.') {
@@ -84,7 +154,7 @@ QVector<Token> tokenize(const QString& s)
                     ++j;
             }
             if (j < n && (s[j] == u'E' || s[j] == u'e')) {
-                int k = j + 1;
+                qsizetype k = j + 1;
                 if (k < n && (s[k] == u'+' || s[k] == u'-'))
                     ++k;
                 if (k < n && s[k].isDigit()) {
@@ -97,112 +167,115 @@ QVector<Token> tokenize(const QString& s)
             t.text = s.mid(i, j - i);
             i = j;
         } else if (isIdentStart(c)) {
-            int j = i + 1;
+            qsizetype j = i + 1;
             while (j < n && isIdentPart(s[j]))
                 ++j;
             t.type = Tok::Ident;
             t.text = s.mid(i, j - i);
+            t.kw = keywordOf(t.text);
             i = j;
         } else {
-            static const QString two[] = {QStringLiteral("<>"), QStringLiteral("<="), QStringLiteral(">=")};
             t.type = Tok::Op;
-            t.text = QString(c);
-            for (const QString& op : two)
-                if (QStringView(s).mid(i, 2) == op)
-                    t.text = op;
-            static const QString singles = QStringLiteral("=<>&+-*/\\^(),.!;");
-            if (t.text.size() == 1 && !singles.contains(c))
-                syntaxError(QStringLiteral("carácter no válido '%1'").arg(c), i);
+            const char16_t second = i + 1 < n ? s[i + 1].unicode() : 0;
+            if ((c == u'<' && (second == u'>' || second == u'=')) || (c == u'>' && second == u'=')) {
+                t.text = s.mid(i, 2);
+            } else if (std::char_traits<char16_t>::find(u"=<>&+-*/\\^(),.!;", 16, c.unicode())) {
+                t.text = s.mid(i, 1);
+            } else {
+                syntaxError(QStringLiteral("carácter no válido '%1'").arg(c), int(i));
+            }
             i += t.text.size();
         }
-        out.push_back(std::move(t));
+        out.push_back(t);
     }
     Token end;
-    end.pos = n;
+    end.pos = int(n);
     out.push_back(end);
-    return out;
 }
 
 // ---------------------------------------------------------------- output helpers
 
-QString quoteIdent(const QString& name)
+void appendIdent(QString& out, QStringView name)
 {
-    QString q = name;
-    q.replace(u'"', QStringLiteral("\"\""));
-    return u'"' + q + u'"';
+    out += u'"';
+    qsizetype from = 0;
+    for (qsizetype i = 0; i < name.size(); ++i) {
+        if (name[i] == u'"') { // doubled inside the quotes
+            out += name.mid(from, i - from + 1);
+            from = i;
+        }
+    }
+    out += name.mid(from);
+    out += u'"';
 }
 
-QString quoteString(const QString& text)
+bool isComparison(const Token& t)
 {
-    QString q = text;
-    q.replace(u'\'', QStringLiteral("''"));
-    return u'\'' + q + u'\'';
+    if (t.type != Tok::Op)
+        return false;
+    const char16_t c = t.text[0].unicode();
+    return c == u'=' || c == u'<' || c == u'>';
+}
+
+// The text of a string token, with its doubled quotes made single again.
+QString stringContent(const Token& t)
+{
+    QString s = t.text.toString();
+    if (t.escapedQuote)
+        s.replace(QString(2, t.quote), QString(t.quote));
+    return s;
+}
+
+void appendString(QString& out, const Token& t)
+{
+    const QString content = stringContent(t);
+    out += u'\'';
+    for (QChar c : content) {
+        out += c;
+        if (c == u'\'')
+            out += c;
+    }
+    out += u'\'';
 }
 
 // #yyyy/MM/dd#, #M/d/yyyy# (the engine's own order), with an optional time.
-QString isoDate(const QString& text, int pos)
+void appendDate(QString& out, QStringView text, int pos)
 {
-    const QStringList parts = text.split(u' ', Qt::SkipEmptyParts);
+    const QString t = text.trimmed().toString();
+    const QStringList parts = t.split(u' ', Qt::SkipEmptyParts);
+    auto bad = [&] { syntaxError(QStringLiteral("fecha no válida #%1#").arg(t), pos); };
     if (parts.isEmpty() || parts.size() > 2)
-        syntaxError(QStringLiteral("fecha no válida #%1#").arg(text), pos);
-    QString date;
+        bad();
     const QStringList d = QString(parts[0]).replace(u'-', u'/').split(u'/');
-    auto num = [&](const QString& p) {
-        bool ok = false;
-        const int v = p.toInt(&ok);
-        if (!ok)
-            syntaxError(QStringLiteral("fecha no válida #%1#").arg(text), pos);
-        return v;
-    };
+    out += u'\'';
     if (d.size() == 3) {
-        int y, m, day;
-        if (d[0].size() == 4) {
-            y = num(d[0]), m = num(d[1]), day = num(d[2]);
-        } else {
-            m = num(d[0]), day = num(d[1]), y = num(d[2]);
-        }
-        date = QStringLiteral("%1-%2-%3")
+        bool ok[3];
+        int v[3];
+        for (int i = 0; i < 3; ++i)
+            v[i] = d[i].toInt(&ok[i]);
+        if (!ok[0] || !ok[1] || !ok[2])
+            bad();
+        const bool yearFirst = d[0].size() == 4;
+        const int y = yearFirst ? v[0] : v[2], m = yearFirst ? v[1] : v[0], day = yearFirst ? v[2] : v[1];
+        out += QStringLiteral("%1-%2-%3")
                    .arg(y, 4, 10, QLatin1Char('0'))
                    .arg(m, 2, 10, QLatin1Char('0'))
                    .arg(day, 2, 10, QLatin1Char('0'));
+        if (parts.size() == 2)
+            out += u' ' + parts[1];
     } else if (parts.size() == 1 && parts[0].contains(u':')) {
-        return parts[0];
+        out += parts[0];
     } else {
-        syntaxError(QStringLiteral("fecha no válida #%1#").arg(text), pos);
+        bad();
     }
-    if (parts.size() == 2)
-        date += u' ' + parts[1];
-    return date;
+    out += u'\'';
 }
 
-const QSet<QString>& reservedWords()
-{
-    // Words that end an expression or a table reference.
-    static const QSet<QString> words = {
-        QStringLiteral("SELECT"), QStringLiteral("FROM"),    QStringLiteral("WHERE"),   QStringLiteral("GROUP"),
-        QStringLiteral("BY"),     QStringLiteral("HAVING"),  QStringLiteral("ORDER"),   QStringLiteral("ASC"),
-        QStringLiteral("DESC"),   QStringLiteral("AS"),      QStringLiteral("INNER"),   QStringLiteral("LEFT"),
-        QStringLiteral("RIGHT"),  QStringLiteral("OUTER"),   QStringLiteral("JOIN"),    QStringLiteral("ON"),
-        QStringLiteral("AND"),    QStringLiteral("OR"),      QStringLiteral("NOT"),     QStringLiteral("LIKE"),
-        QStringLiteral("BETWEEN"), QStringLiteral("IS"),     QStringLiteral("IN"),      QStringLiteral("UNION"),
-        QStringLiteral("PIVOT"),  QStringLiteral("TRANSFORM"), QStringLiteral("SET"),   QStringLiteral("VALUES"),
-        QStringLiteral("INTO"),   QStringLiteral("MOD"),     QStringLiteral("XOR"),     QStringLiteral("DISTINCT"),
-        QStringLiteral("DISTINCTROW"), QStringLiteral("TOP"), QStringLiteral("ALL"),
-    };
-    return words;
-}
+const QLatin1String kCollate(" COLLATE jet_es");
 
-const QSet<QString>& aggregateFunctions()
-{
-    static const QSet<QString> names = {QStringLiteral("AVG"),   QStringLiteral("SUM"),  QStringLiteral("COUNT"),
-                                        QStringLiteral("MIN"),   QStringLiteral("MAX"),  QStringLiteral("FIRST"),
-                                        QStringLiteral("LAST"),  QStringLiteral("STDEV"), QStringLiteral("VAR")};
-    return names;
-}
-
-// An expression as emitted, with what the callers need to know about it.
+// What the callers need to know of an expression emitted at out[start...].
 struct Expr {
-    QString sql;
+    qsizetype start = 0;
     bool stringLiteral = false;
     bool numberLiteral = false;
     bool columnRef = false;
@@ -210,45 +283,47 @@ struct Expr {
 };
 
 struct TableRef {
-    QString name;
-    QString alias;
+    QStringView name;
+    QStringView alias;
     bool nested = false; // inside a parenthesised join: SQLite shows it as a subquery, without rowid
 };
 
-// The parts of one SELECT, kept apart so that TRANSFORM can reassemble them.
+// The clauses of one SELECT, kept apart so that TRANSFORM can reassemble them.
 struct Select {
     bool distinct = false;
     QString top;
-    QStringList items;
+    int itemCount = 0;
+    QString items;
     QString from;
     QString where;
-    QStringList groupBy;
+    QString groupBy;
+    QString groupByCollated; // the same terms with the collation, for ordering
     QString having;
-    QStringList orderBy;
-    QString unionTail; // " UNION [ALL] <select>" already emitted
-    QVector<TableRef> tables;
+    QString orderBy;
+    QString unionTail;
+    QVarLengthArray<TableRef, 8> tables;
     bool aggregate = false;
 
-    QString assemble(const QStringList& extraItems = {}) const
+    void assemble(QString& s, QStringView extraItems = {}) const
     {
-        QString s = QStringLiteral("SELECT ");
+        auto clause = [&s](const char* word, const QString& text) {
+            if (!text.isEmpty()) {
+                s += QLatin1String(word);
+                s += text;
+            }
+        };
+        s += QLatin1String("SELECT ");
         if (distinct)
-            s += QStringLiteral("DISTINCT ");
-        s += (items + extraItems).join(QStringLiteral(", "));
-        if (!from.isEmpty())
-            s += QStringLiteral(" FROM ") + from;
-        if (!where.isEmpty())
-            s += QStringLiteral(" WHERE ") + where;
-        if (!groupBy.isEmpty())
-            s += QStringLiteral(" GROUP BY ") + groupBy.join(QStringLiteral(", "));
-        if (!having.isEmpty())
-            s += QStringLiteral(" HAVING ") + having;
+            s += QLatin1String("DISTINCT ");
+        s += items;
+        s += extraItems;
+        clause(" FROM ", from);
+        clause(" WHERE ", where);
+        clause(" GROUP BY ", groupBy);
+        clause(" HAVING ", having);
         s += unionTail;
-        if (!orderBy.isEmpty())
-            s += QStringLiteral(" ORDER BY ") + orderBy.join(QStringLiteral(", "));
-        if (!top.isEmpty())
-            s += QStringLiteral(" LIMIT ") + top;
-        return s;
+        clause(" ORDER BY ", orderBy);
+        clause(" LIMIT ", top);
     }
 };
 
@@ -256,360 +331,417 @@ struct Select {
 
 class Parser {
 public:
-    explicit Parser(const QString& text) : toks_(tokenize(text)) {}
+    explicit Parser(const QString& text) : src_(text)
+    {
+        tokenize(src_, toks_);
+        out_.reserve(text.size() + text.size() / 2 + 64);
+    }
 
     Translation statement(const JetSql::Options& options)
     {
         Translation t;
-        if (isWord("SELECT")) {
-            Select sel = select(true);
-            t.kind = Translation::Kind::Query;
-            QStringList extra;
-            if (options.rowids && !sel.distinct && sel.groupBy.isEmpty() && !sel.aggregate && sel.unionTail.isEmpty()) {
-                QSet<QString> seen;
-                for (const TableRef& tr : sel.tables) {
-                    const QString key = tr.name.toLower();
-                    if (tr.nested || seen.contains(key))
-                        continue;
-                    seen.insert(key);
-                    extra << quoteIdent(tr.alias.isEmpty() ? tr.name : tr.alias) + QStringLiteral(".rowid AS ")
-                                 + quoteIdent(QLatin1String(JetSql::kRowidPrefix) + tr.name);
-                }
-                t.rowidColumns = !extra.isEmpty();
-            }
-            t.sql = sel.assemble(extra);
-            for (const TableRef& tr : sel.tables)
-                t.baseTables << tr.name;
-        } else if (isWord("TRANSFORM")) {
+        switch (peek().kw) {
+        case Kw::Select:
+            t = query(options);
+            break;
+        case Kw::Transform:
             t = transform();
-        } else if (isWord("INSERT")) {
+            break;
+        case Kw::Insert:
             t = insert();
-        } else if (isWord("UPDATE")) {
+            break;
+        case Kw::Update:
             t = update();
-        } else if (isWord("DELETE")) {
+            break;
+        case Kw::Delete:
             t = remove();
-        } else {
+            break;
+        default:
             syntaxError(QStringLiteral("se esperaba SELECT, INSERT, UPDATE, DELETE o TRANSFORM"), peek().pos);
         }
-        acceptOp(";");
+        acceptOp(u';');
         if (peek().type != Tok::End)
             syntaxError(QStringLiteral("caracteres tras el final de la instrucción"), peek().pos);
         return t;
     }
 
 private:
-    QVector<Token> toks_;
+    const QString src_;
+    QVarLengthArray<Token, 256> toks_;
     int p_ = 0;
+    QString out_;
     int exprCounter_ = 1000;
     int nesting_ = 0;
 
-    const Token& peek(int ahead = 0) const { return toks_[qMin(p_ + ahead, toks_.size() - 1)]; }
+    const Token& peek(int ahead = 0) const { return toks_[qMin(p_ + ahead, int(toks_.size()) - 1)]; }
     const Token& next() { return toks_[p_ < toks_.size() - 1 ? p_++ : p_]; }
 
-    bool isWord(const char* w, int ahead = 0) const
+    bool is(Kw kw, int ahead = 0) const { return peek(ahead).kw == kw; }
+    bool isOp(char16_t op, int ahead = 0) const
     {
         const Token& t = peek(ahead);
-        return t.type == Tok::Ident && t.text.compare(QLatin1String(w), Qt::CaseInsensitive) == 0;
+        return t.type == Tok::Op && t.text.size() == 1 && t.text[0] == op;
     }
-    bool isOp(const char* op, int ahead = 0) const
+    bool accept(Kw kw)
     {
-        const Token& t = peek(ahead);
-        return t.type == Tok::Op && t.text == QLatin1String(op);
-    }
-    bool acceptWord(const char* w)
-    {
-        if (!isWord(w))
+        if (!is(kw))
             return false;
         ++p_;
         return true;
     }
-    bool acceptOp(const char* op)
+    bool acceptOp(char16_t op)
     {
         if (!isOp(op))
             return false;
         ++p_;
         return true;
     }
-    void expectWord(const char* w)
+    void expect(Kw kw, const char* word)
     {
-        if (!acceptWord(w))
-            syntaxError(QStringLiteral("se esperaba %1").arg(QLatin1String(w)), peek().pos);
+        if (!accept(kw))
+            syntaxError(QStringLiteral("se esperaba %1").arg(QLatin1String(word)), peek().pos);
     }
-    void expectOp(const char* op)
+    void expectOp(char16_t op)
     {
         if (!acceptOp(op))
-            syntaxError(QStringLiteral("se esperaba '%1'").arg(QLatin1String(op)), peek().pos);
+            syntaxError(QStringLiteral("se esperaba '%1'").arg(QChar(op)), peek().pos);
     }
-    bool isReserved(const Token& t) const
+    static bool isReserved(const Token& t) { return t.kw != Kw::None && t.kw < kFirstUnreserved; }
+    bool atName() const
     {
-        return t.type == Tok::Ident && reservedWords().contains(t.text.toUpper());
+        const Token& t = peek();
+        return t.type == Tok::Bracket || (t.type == Tok::Ident && !isReserved(t));
     }
 
     // A plain or bracketed name.
-    QString name()
+    QStringView name()
     {
-        const Token& t = peek();
-        if (t.type == Tok::Bracket || (t.type == Tok::Ident && !isReserved(t))) {
-            ++p_;
-            return t.text;
-        }
-        syntaxError(QStringLiteral("se esperaba un nombre"), t.pos);
+        if (!atName())
+            syntaxError(QStringLiteral("se esperaba un nombre"), peek().pos);
+        return next().text;
+    }
+
+    // Moves what was emitted from `start` on out of the buffer.
+    QString take(qsizetype start)
+    {
+        QString s = out_.mid(start);
+        out_.truncate(start);
+        return s;
     }
 
     // ------------------------------------------------ SELECT
 
-    Select select(bool outer)
+    Translation query(const JetSql::Options& options)
+    {
+        Translation t;
+        t.kind = Translation::Kind::Query;
+        Select sel = select();
+        QString extra;
+        if (options.rowids && !sel.distinct && sel.groupBy.isEmpty() && !sel.aggregate && sel.unionTail.isEmpty()) {
+            QSet<QString> seen;
+            for (const TableRef& tr : sel.tables) {
+                const QString key = tr.name.toString().toLower();
+                if (tr.nested || seen.contains(key))
+                    continue;
+                seen.insert(key);
+                extra += QLatin1String(", ");
+                appendIdent(extra, tr.alias.isEmpty() ? tr.name : tr.alias);
+                extra += QLatin1String(".rowid AS ");
+                appendIdent(extra, QString(QLatin1String(JetSql::kRowidPrefix) + tr.name.toString()));
+            }
+            t.rowidColumns = !extra.isEmpty();
+        }
+        sel.assemble(t.sql, extra);
+        for (const TableRef& tr : sel.tables)
+            t.baseTables << tr.name.toString();
+        return t;
+    }
+
+    Select select()
     {
         Select s;
-        expectWord("SELECT");
-        if (acceptWord("DISTINCT") || acceptWord("DISTINCTROW"))
+        expect(Kw::Select, "SELECT");
+        if (accept(Kw::Distinct) || accept(Kw::DistinctRow))
             s.distinct = true;
         else
-            acceptWord("ALL");
-        if (acceptWord("TOP")) {
+            accept(Kw::All);
+        if (accept(Kw::Top)) {
             if (peek().type != Tok::Number)
                 syntaxError(QStringLiteral("TOP sin número"), peek().pos);
-            s.top = next().text;
+            s.top = next().text.toString();
         }
+        const qsizetype start = out_.size();
         do {
-            s.items << selectItem(s.aggregate);
-        } while (acceptOp(","));
-        if (acceptWord("FROM"))
-            s.from = fromList(s.tables);
-        if (acceptWord("WHERE"))
-            s.where = expression().sql;
-        if (isWord("GROUP")) {
-            ++p_;
-            expectWord("BY");
+            if (s.itemCount++)
+                out_ += QLatin1String(", ");
+            selectItem(s.aggregate);
+        } while (acceptOp(u','));
+        s.items = take(start);
+        if (accept(Kw::From)) {
+            fromList(s.tables);
+            s.from = take(start);
+        }
+        if (accept(Kw::Where)) {
+            expression();
+            s.where = take(start);
+        }
+        if (accept(Kw::Group)) {
+            expect(Kw::By, "BY");
             do {
-                s.groupBy << expression().sql;
-            } while (acceptOp(","));
+                if (!s.groupBy.isEmpty()) {
+                    s.groupBy += QLatin1String(", ");
+                    s.groupByCollated += QLatin1String(", ");
+                }
+                expression();
+                const QString term = take(start);
+                s.groupBy += term;
+                s.groupByCollated += term;
+                s.groupByCollated += kCollate;
+            } while (acceptOp(u','));
         }
-        if (acceptWord("HAVING")) {
-            const Expr h = expression();
-            s.having = h.sql;
+        if (accept(Kw::Having)) {
+            expression();
+            s.having = take(start);
         }
-        while (isWord("UNION")) {
-            ++p_;
+        while (accept(Kw::Union)) {
             QString tail = QStringLiteral(" UNION ");
-            if (acceptWord("ALL"))
-                tail += QStringLiteral("ALL ");
-            Select other = select(false);
-            s.unionTail += tail + other.assemble();
+            if (accept(Kw::All))
+                tail += QLatin1String("ALL ");
+            select().assemble(tail);
+            s.unionTail += tail;
         }
-        if (isWord("ORDER")) {
-            ++p_;
-            expectWord("BY");
+        if (accept(Kw::Order)) {
+            expect(Kw::By, "BY");
             do {
-                s.orderBy << orderItem();
-            } while (acceptOp(","));
+                if (out_.size() > start)
+                    out_ += QLatin1String(", ");
+                orderItem();
+            } while (acceptOp(u','));
+            s.orderBy = take(start);
         }
-        Q_UNUSED(outer);
         return s;
     }
 
-    QString selectItem(bool& aggregate)
+    void selectItem(bool& aggregate)
     {
-        if (isOp("*")) {
-            ++p_;
-            return QStringLiteral("*");
+        if (acceptOp(u'*')) {
+            out_ += u'*';
+            return;
         }
         const Expr e = expression();
         aggregate = aggregate || e.aggregate;
-        if (acceptWord("AS"))
-            return e.sql + QStringLiteral(" AS ") + quoteIdent(name());
-        if (e.columnRef)
-            return e.sql;
-        // The engine names an unnamed expression Expr1000, Expr1001, ...
-        return e.sql + QStringLiteral(" AS ") + quoteIdent(QStringLiteral("Expr%1").arg(exprCounter_++));
+        out_ += QLatin1String(" AS ");
+        if (accept(Kw::As)) {
+            appendIdent(out_, name());
+        } else if (e.columnRef) {
+            out_.chop(4); // a column keeps its own name
+        } else {
+            // The engine names an unnamed expression Expr1000, Expr1001, ...
+            out_ += QLatin1String("\"Expr");
+            out_ += QString::number(exprCounter_++);
+            out_ += u'"';
+        }
     }
 
-    QString orderItem()
+    void orderItem()
     {
         const Expr e = expression();
-        QString s = e.sql;
         // A bare number is a column position; everything else sorts as the
         // database does: case-insensitive, Spanish alphabet.
         if (!e.numberLiteral)
-            s += QStringLiteral(" COLLATE ") + QLatin1String(JetSql::kCollation);
-        if (acceptWord("DESC"))
-            s += QStringLiteral(" DESC");
+            out_ += kCollate;
+        if (accept(Kw::Desc))
+            out_ += QLatin1String(" DESC");
         else
-            acceptWord("ASC");
-        return s;
+            accept(Kw::Asc);
     }
 
-    QString fromList(QVector<TableRef>& tables)
+    template <typename Tables>
+    void fromList(Tables& tables)
     {
-        QString s = joinChain(tables);
-        while (acceptOp(","))
-            s += QStringLiteral(", ") + joinChain(tables);
-        return s;
-    }
-
-    QString joinChain(QVector<TableRef>& tables)
-    {
-        QString s = fromItem(tables);
-        for (;;) {
-            QString kind;
-            if (isWord("INNER") && isWord("JOIN", 1)) {
-                p_ += 2;
-                kind = QStringLiteral("INNER JOIN");
-            } else if ((isWord("LEFT") || isWord("RIGHT"))) {
-                kind = peek().text.toUpper();
-                ++p_;
-                acceptWord("OUTER");
-                expectWord("JOIN");
-                kind += QStringLiteral(" JOIN");
-            } else if (isWord("JOIN")) {
-                ++p_;
-                kind = QStringLiteral("INNER JOIN");
-            } else {
-                break;
-            }
-            const QString right = fromItem(tables);
-            expectWord("ON");
-            s += u' ' + kind + u' ' + right + QStringLiteral(" ON ") + expression().sql;
+        joinChain(tables);
+        while (acceptOp(u',')) {
+            out_ += QLatin1String(", ");
+            joinChain(tables);
         }
-        return s;
     }
 
-    QString fromItem(QVector<TableRef>& tables)
+    template <typename Tables>
+    void joinChain(Tables& tables)
     {
-        if (acceptOp("(")) {
-            if (isWord("SELECT")) {
-                QVector<TableRef> inner;
-                Select sub = select(false);
-                expectOp(")");
-                QString s = u'(' + sub.assemble() + u')';
-                if (acceptWord("AS") || (peek().type != Tok::End && !isReserved(peek()) && !isOp(")") && !isOp(",")))
-                    s += u' ' + quoteIdent(name());
-                return s;
+        fromItem(tables);
+        for (;;) {
+            if (is(Kw::Inner) && is(Kw::Join, 1)) {
+                p_ += 2;
+                out_ += QLatin1String(" INNER JOIN ");
+            } else if (is(Kw::Left) || is(Kw::Right)) {
+                out_ += next().kw == Kw::Left ? QLatin1String(" LEFT JOIN ") : QLatin1String(" RIGHT JOIN ");
+                accept(Kw::Outer);
+                expect(Kw::Join, "JOIN");
+            } else if (accept(Kw::Join)) {
+                out_ += QLatin1String(" INNER JOIN ");
+            } else {
+                return;
+            }
+            fromItem(tables);
+            expect(Kw::On, "ON");
+            out_ += QLatin1String(" ON ");
+            expression();
+        }
+    }
+
+    template <typename Tables>
+    void fromItem(Tables& tables)
+    {
+        if (acceptOp(u'(')) {
+            out_ += u'(';
+            if (is(Kw::Select)) {
+                QString sub;
+                select().assemble(sub);
+                out_ += sub;
+                expectOp(u')');
+                out_ += u')';
+                if (accept(Kw::As) || atName()) {
+                    out_ += u' ';
+                    appendIdent(out_, name());
+                }
+                return;
             }
             ++nesting_;
-            const QString s = joinChain(tables);
+            joinChain(tables);
             --nesting_;
-            expectOp(")");
-            return u'(' + s + u')';
+            expectOp(u')');
+            out_ += u')';
+            return;
         }
         TableRef tr;
         tr.nested = nesting_ > 0;
         tr.name = name();
-        QString s = quoteIdent(tr.name);
-        if (acceptWord("AS")) {
+        appendIdent(out_, tr.name);
+        if (accept(Kw::As) || atName()) {
             tr.alias = name();
-        } else if ((peek().type == Tok::Ident && !isReserved(peek())) || peek().type == Tok::Bracket) {
-            tr.alias = name();
+            out_ += u' ';
+            appendIdent(out_, tr.alias);
         }
-        if (!tr.alias.isEmpty())
-            s += u' ' + quoteIdent(tr.alias);
         tables.push_back(tr);
-        return s;
     }
 
     // ------------------------------------------------ TRANSFORM ... PIVOT
 
     Translation transform()
     {
-        expectWord("TRANSFORM");
-        Expr value = expression();
-        if (acceptWord("AS"))
+        expect(Kw::Transform, "TRANSFORM");
+        expression();
+        const QString value = take(0);
+        if (accept(Kw::As))
             name(); // the value's own name is not a column of the result
-        Select sel = select(true);
-        expectWord("PIVOT");
-        const Expr pivot = expression();
+        Select sel = select();
+        expect(Kw::Pivot, "PIVOT");
+        expression();
+        const QString pivot = take(0);
         Translation t;
         t.kind = Translation::Kind::Pivot;
-        if (acceptWord("IN")) {
-            expectOp("(");
+        if (accept(Kw::In)) {
+            expectOp(u'(');
             do {
                 const Token& v = next();
                 if (v.type != Tok::String && v.type != Tok::Number)
                     syntaxError(QStringLiteral("se esperaba un valor en PIVOT ... IN"), v.pos);
-                t.pivotIn << v.text;
-            } while (acceptOp(","));
-            expectOp(")");
+                t.pivotIn << (v.type == Tok::String ? stringContent(v) : v.text.toString());
+            } while (acceptOp(u','));
+            expectOp(u')');
         }
-        t.pivotRowHeads = sel.items.size();
+        t.pivotRowHeads = sel.itemCount;
         // Rows come out by their headings; an ORDER BY of the crosstab only
         // orders the column headings, which are put in ascending order anyway.
-        QStringList order;
-        for (const QString& g : sel.groupBy)
-            order << g + QStringLiteral(" COLLATE ") + QLatin1String(JetSql::kCollation);
-        sel.groupBy << pivot.sql;
-        sel.orderBy = order;
-        t.sql = sel.assemble({pivot.sql + QStringLiteral(" AS \"__pivot\""), value.sql + QStringLiteral(" AS \"__value\"")});
+        sel.orderBy = sel.groupByCollated;
+        sel.groupBy += (sel.groupBy.isEmpty() ? QString() : QStringLiteral(", ")) + pivot;
+        sel.assemble(t.sql, QStringLiteral(", ") + pivot + QLatin1String(" AS \"__pivot\", ") + value +
+                                 QLatin1String(" AS \"__value\""));
         for (const TableRef& tr : sel.tables)
-            t.baseTables << tr.name;
+            t.baseTables << tr.name.toString();
         return t;
     }
 
     // ------------------------------------------------ INSERT, UPDATE, DELETE
 
     // `t.c` or `[t]![c]` on the left of SET or in a column list: the column alone.
-    QString targetColumn()
+    void targetColumn()
     {
-        QString col = name();
-        while (isOp(".") || isOp("!")) {
-            ++p_;
+        QStringView col = name();
+        while (acceptOp(u'.') || acceptOp(u'!'))
             col = name();
-        }
-        return quoteIdent(col);
+        appendIdent(out_, col);
     }
 
     Translation insert()
     {
-        expectWord("INSERT");
-        expectWord("INTO");
+        expect(Kw::Insert, "INSERT");
+        expect(Kw::Into, "INTO");
         Translation t;
-        t.kind = Translation::Kind::Command;
-        const QString table = name();
-        t.baseTables << table;
-        QString s = QStringLiteral("INSERT INTO ") + quoteIdent(table);
-        if (isOp("(") && !isWord("SELECT", 1)) {
+        const QStringView table = name();
+        t.baseTables << table.toString();
+        out_ += QLatin1String("INSERT INTO ");
+        appendIdent(out_, table);
+        if (isOp(u'(') && !is(Kw::Select, 1)) {
             ++p_;
-            QStringList cols;
+            out_ += QLatin1String(" (");
             do {
-                cols << targetColumn();
-            } while (acceptOp(","));
-            expectOp(")");
-            s += QStringLiteral(" (") + cols.join(QStringLiteral(", ")) + u')';
+                if (out_.back() != u'(')
+                    out_ += QLatin1String(", ");
+                targetColumn();
+            } while (acceptOp(u','));
+            expectOp(u')');
+            out_ += u')';
         }
-        if (acceptWord("VALUES")) {
-            expectOp("(");
-            QStringList vals;
+        if (accept(Kw::Values)) {
+            expectOp(u'(');
+            out_ += QLatin1String(" VALUES (");
             do {
-                vals << expression().sql;
-            } while (acceptOp(","));
-            expectOp(")");
-            s += QStringLiteral(" VALUES (") + vals.join(QStringLiteral(", ")) + u')';
-        } else if (isWord("SELECT")) {
-            s += u' ' + select(false).assemble();
+                if (out_.back() != u'(')
+                    out_ += QLatin1String(", ");
+                expression();
+            } while (acceptOp(u','));
+            expectOp(u')');
+            out_ += u')';
+        } else if (is(Kw::Select)) {
+            out_ += u' ';
+            QString sub;
+            select().assemble(sub);
+            out_ += sub;
         } else {
             syntaxError(QStringLiteral("se esperaba VALUES o SELECT"), peek().pos);
         }
-        t.sql = s;
+        t.sql = take(0);
         return t;
     }
 
     Translation update()
     {
-        expectWord("UPDATE");
+        expect(Kw::Update, "UPDATE");
         Translation t;
-        const QString table = name();
-        t.baseTables << table;
-        if (!isWord("SET"))
+        const QStringView table = name();
+        t.baseTables << table.toString();
+        if (!accept(Kw::Set))
             syntaxError(QStringLiteral("UPDATE de varias tablas no admitido"), peek().pos);
-        ++p_;
-        QStringList sets;
+        out_ += QLatin1String("UPDATE ");
+        appendIdent(out_, table);
+        out_ += QLatin1String(" SET ");
+        bool first = true;
         do {
-            const QString col = targetColumn();
-            expectOp("=");
-            sets << col + QStringLiteral(" = ") + expression().sql;
-        } while (acceptOp(","));
-        t.sql = QStringLiteral("UPDATE ") + quoteIdent(table) + QStringLiteral(" SET ") + sets.join(QStringLiteral(", "));
-        if (acceptWord("WHERE"))
-            t.sql += QStringLiteral(" WHERE ") + expression().sql;
+            if (!first)
+                out_ += QLatin1String(", ");
+            first = false;
+            targetColumn();
+            expectOp(u'=');
+            out_ += QLatin1String(" = ");
+            expression();
+        } while (acceptOp(u','));
+        if (accept(Kw::Where)) {
+            out_ += QLatin1String(" WHERE ");
+            expression();
+        }
+        t.sql = take(0);
         return t;
     }
 
@@ -617,21 +749,25 @@ private:
     // only names the rows, which are always whole.
     Translation remove()
     {
-        expectWord("DELETE");
-        while (!isWord("FROM")) {
+        expect(Kw::Delete, "DELETE");
+        while (!is(Kw::From)) {
             if (peek().type == Tok::End)
                 syntaxError(QStringLiteral("se esperaba FROM"), peek().pos);
             ++p_;
         }
         ++p_;
         Translation t;
-        const QString table = name();
-        t.baseTables << table;
-        if (isWord("INNER") || isWord("LEFT") || isWord("RIGHT") || isOp(","))
+        const QStringView table = name();
+        t.baseTables << table.toString();
+        if (is(Kw::Inner) || is(Kw::Left) || is(Kw::Right) || isOp(u','))
             syntaxError(QStringLiteral("DELETE de varias tablas no admitido"), peek().pos);
-        t.sql = QStringLiteral("DELETE FROM ") + quoteIdent(table);
-        if (acceptWord("WHERE"))
-            t.sql += QStringLiteral(" WHERE ") + expression().sql;
+        out_ += QLatin1String("DELETE FROM ");
+        appendIdent(out_, table);
+        if (accept(Kw::Where)) {
+            out_ += QLatin1String(" WHERE ");
+            expression();
+        }
+        t.sql = take(0);
         return t;
     }
 
@@ -641,61 +777,61 @@ private:
 
     Expr expression() { return orExpr(); }
 
-    // fn(a, b): the operators SQLite lacks or means otherwise.
-    static Expr call2(const char* fn, const Expr& a, const Expr& b)
+    // The result of an operator over `e` and what followed it.
+    static Expr joined(const Expr& e, bool aggregate)
     {
-        Expr e;
-        e.sql = QLatin1String(fn) + u'(' + a.sql + QStringLiteral(", ") + b.sql + u')';
-        e.aggregate = a.aggregate || b.aggregate;
-        return e;
+        Expr r;
+        r.start = e.start;
+        r.aggregate = e.aggregate || aggregate;
+        return r;
     }
 
-    static Expr combine(const Expr& a, const QString& op, const Expr& b)
+    // fn(a, b) for an operator that SQLite lacks or means otherwise: `a` is
+    // already in the buffer; the name goes in front of it.
+    template <typename Operand>
+    Expr call2(const char* fn, const Expr& a, Operand operand)
     {
-        Expr e;
-        e.sql = a.sql + op + b.sql;
-        e.aggregate = a.aggregate || b.aggregate;
-        return e;
+        out_ += QLatin1String(", ");
+        const Expr b = (this->*operand)();
+        out_ += u')';
+        out_.insert(a.start, QLatin1String(fn));
+        return joined(a, b.aggregate);
     }
 
     Expr orExpr()
     {
         Expr e = andExpr();
-        while (true) {
-            if (acceptWord("OR"))
-                e = combine(e, QStringLiteral(" OR "), andExpr());
-            else if (acceptWord("XOR"))
-                e = combine(e, QStringLiteral(" <> "), andExpr()); // both sides are truth values here
+        for (;;) {
+            if (accept(Kw::Or))
+                out_ += QLatin1String(" OR ");
+            else if (accept(Kw::Xor))
+                out_ += QLatin1String(" <> "); // both sides are truth values here
             else
                 return e;
+            e = joined(e, andExpr().aggregate);
         }
     }
 
     Expr andExpr()
     {
         Expr e = notExpr();
-        while (acceptWord("AND"))
-            e = combine(e, QStringLiteral(" AND "), notExpr());
+        while (accept(Kw::And)) {
+            out_ += QLatin1String(" AND ");
+            e = joined(e, notExpr().aggregate);
+        }
         return e;
     }
 
     Expr notExpr()
     {
-        if (acceptWord("NOT")) {
-            Expr e = notExpr();
-            e.sql = QStringLiteral("NOT ") + e.sql;
-            e.stringLiteral = e.numberLiteral = e.columnRef = false;
+        if (accept(Kw::Not)) {
+            Expr e;
+            e.start = out_.size();
+            out_ += QLatin1String("NOT ");
+            e.aggregate = notExpr().aggregate;
             return e;
         }
         return comparison();
-    }
-
-    static QString collateIfText(const Expr& a, const Expr& b)
-    {
-        // Jet compares texts without regard to case.
-        if (a.stringLiteral || b.stringLiteral)
-            return QStringLiteral(" COLLATE ") + QLatin1String(JetSql::kCollation);
-        return {};
     }
 
     Expr comparison()
@@ -703,77 +839,90 @@ private:
         Expr e = concat();
         for (;;) {
             const Token& t = peek();
-            if (t.type == Tok::Op
-                && (t.text == u'=' || t.text == QLatin1String("<>") || t.text == u'<' || t.text == u'>'
-                    || t.text == QLatin1String("<=") || t.text == QLatin1String(">="))) {
-                const QString op = next().text;
+            if (isComparison(t)) {
+                out_ += u' ';
+                out_ += next().text;
+                out_ += u' ';
                 const Expr r = concat();
-                e = combine(e, u' ' + op + u' ', r);
-                e.sql += collateIfText(e, r);
+                // Jet compares texts without regard to case.
+                if (e.stringLiteral || r.stringLiteral)
+                    out_ += kCollate;
+                e = joined(e, r.aggregate);
                 continue;
             }
-            bool negated = false;
-            if (isWord("NOT") && (isWord("LIKE", 1) || isWord("BETWEEN", 1) || isWord("IN", 1))) {
-                negated = true;
+            const bool negated = is(Kw::Not) && (is(Kw::Like, 1) || is(Kw::Between, 1) || is(Kw::In, 1));
+            if (negated)
                 ++p_;
-            }
-            const QString neg = negated ? QStringLiteral("NOT ") : QString();
-            if (acceptWord("LIKE")) {
-                e = combine(e, u' ' + neg + QStringLiteral("LIKE "), concat());
-            } else if (acceptWord("BETWEEN")) {
-                const Expr lo = concat();
-                expectWord("AND");
-                const Expr hi = concat();
-                e = combine(combine(e, u' ' + neg + QStringLiteral("BETWEEN "), lo), QStringLiteral(" AND "), hi);
-            } else if (acceptWord("IN")) {
-                expectOp("(");
-                QString list;
-                if (isWord("SELECT")) {
-                    list = select(false).assemble();
+            const QLatin1String neg = negated ? QLatin1String("NOT ") : QLatin1String("");
+            if (accept(Kw::Like)) {
+                out_ += u' ';
+                out_ += neg;
+                out_ += QLatin1String("LIKE ");
+                e = joined(e, concat().aggregate);
+            } else if (accept(Kw::Between)) {
+                out_ += u' ';
+                out_ += neg;
+                out_ += QLatin1String("BETWEEN ");
+                const bool lo = concat().aggregate;
+                expect(Kw::And, "AND");
+                out_ += QLatin1String(" AND ");
+                e = joined(e, concat().aggregate || lo);
+            } else if (accept(Kw::In)) {
+                expectOp(u'(');
+                out_ += u' ';
+                out_ += neg;
+                out_ += QLatin1String("IN (");
+                if (is(Kw::Select)) {
+                    QString sub;
+                    select().assemble(sub);
+                    out_ += sub;
                 } else {
-                    QStringList items;
+                    bool first = true;
                     do {
-                        items << concat().sql;
-                    } while (acceptOp(","));
-                    list = items.join(QStringLiteral(", "));
+                        if (!first)
+                            out_ += QLatin1String(", ");
+                        first = false;
+                        concat();
+                    } while (acceptOp(u','));
                 }
-                expectOp(")");
-                e.sql += u' ' + neg + QStringLiteral("IN (") + list + u')';
-            } else if (acceptWord("IS")) {
-                const bool isNot = acceptWord("NOT");
-                if (!acceptWord("NULL"))
+                expectOp(u')');
+                out_ += u')';
+                e = joined(e, false);
+            } else if (accept(Kw::Is)) {
+                const bool isNot = accept(Kw::Not);
+                if (!accept(Kw::Null))
                     syntaxError(QStringLiteral("se esperaba NULL"), peek().pos);
-                e.sql += isNot ? QStringLiteral(" IS NOT NULL") : QStringLiteral(" IS NULL");
+                out_ += isNot ? QLatin1String(" IS NOT NULL") : QLatin1String(" IS NULL");
+                e = joined(e, false);
             } else {
                 return e;
             }
-            e.stringLiteral = e.numberLiteral = e.columnRef = false;
         }
     }
 
     Expr concat()
     {
-        Expr first = additive();
-        if (!isOp("&"))
-            return first;
-        Expr e;
-        e.sql = QStringLiteral("jet_concat(") + first.sql;
-        e.aggregate = first.aggregate;
-        while (acceptOp("&")) {
-            const Expr r = additive();
-            e.sql += QStringLiteral(", ") + r.sql;
-            e.aggregate = e.aggregate || r.aggregate;
+        Expr e = additive();
+        if (!isOp(u'&'))
+            return e;
+        bool aggregate = e.aggregate;
+        while (acceptOp(u'&')) {
+            out_ += QLatin1String(", ");
+            aggregate = additive().aggregate || aggregate;
         }
-        e.sql += u')';
-        return e;
+        out_ += u')';
+        out_.insert(e.start, QLatin1String("jet_concat("));
+        return joined(e, aggregate);
     }
 
     Expr additive()
     {
         Expr e = modulo();
-        while (isOp("+") || isOp("-")) {
-            const QString op = next().text;
-            e = combine(e, u' ' + op + u' ', modulo());
+        while (isOp(u'+') || isOp(u'-')) {
+            out_ += u' ';
+            out_ += next().text;
+            out_ += u' ';
+            e = joined(e, modulo().aggregate);
         }
         return e;
     }
@@ -781,16 +930,16 @@ private:
     Expr modulo()
     {
         Expr e = intDivision();
-        while (acceptWord("MOD"))
-            e = call2("jet_mod", e, intDivision());
+        while (accept(Kw::Mod))
+            e = call2("jet_mod(", e, &Parser::intDivision);
         return e;
     }
 
     Expr intDivision()
     {
         Expr e = multiplicative();
-        while (acceptOp("\\"))
-            e = call2("jet_idiv", e, multiplicative());
+        while (acceptOp(u'\\'))
+            e = call2("jet_idiv(", e, &Parser::multiplicative);
         return e;
     }
 
@@ -798,11 +947,12 @@ private:
     {
         Expr e = unary();
         for (;;) {
-            if (acceptOp("*")) {
-                e = combine(e, QStringLiteral(" * "), unary());
-            } else if (acceptOp("/")) {
+            if (acceptOp(u'*')) {
+                out_ += QLatin1String(" * ");
+                e = joined(e, unary().aggregate);
+            } else if (acceptOp(u'/')) {
                 // Always floating point, and a zero divisor is an error.
-                e = call2("jet_div", e, unary());
+                e = call2("jet_div(", e, &Parser::unary);
             } else {
                 return e;
             }
@@ -811,11 +961,11 @@ private:
 
     Expr unary()
     {
-        if (isOp("-") || isOp("+")) {
-            const QString op = next().text;
-            Expr e = unary();
-            e.sql = op + e.sql;
-            e.stringLiteral = e.columnRef = false;
+        if (isOp(u'-') || isOp(u'+')) {
+            Expr e;
+            e.start = out_.size();
+            out_ += next().text;
+            e.aggregate = unary().aggregate;
             return e;
         }
         return power();
@@ -824,8 +974,8 @@ private:
     Expr power()
     {
         Expr e = primary();
-        while (acceptOp("^"))
-            e = call2("jet_pow", e, primary());
+        while (acceptOp(u'^'))
+            e = call2("jet_pow(", e, &Parser::primary);
         return e;
     }
 
@@ -833,63 +983,65 @@ private:
     {
         const Token& t = peek();
         Expr e;
+        e.start = out_.size();
         switch (t.type) {
         case Tok::Number:
             ++p_;
-            e.sql = t.text;
+            out_ += t.text;
             e.numberLiteral = true;
             return e;
         case Tok::String:
             ++p_;
-            e.sql = quoteString(t.text);
+            appendString(out_, t);
             e.stringLiteral = true;
             return e;
         case Tok::Date:
             ++p_;
-            e.sql = quoteString(isoDate(t.text, t.pos));
+            appendDate(out_, t.text, t.pos);
             return e;
         case Tok::Op:
-            if (t.text == u'(') {
-                ++p_;
-                if (isWord("SELECT")) {
-                    e.sql = u'(' + select(false).assemble() + u')';
+            if (acceptOp(u'(')) {
+                out_ += u'(';
+                if (is(Kw::Select)) {
+                    QString sub;
+                    select().assemble(sub);
+                    out_ += sub;
                 } else {
-                    const Expr inner = expression();
-                    e.sql = u'(' + inner.sql + u')';
-                    e.aggregate = inner.aggregate;
+                    e.aggregate = expression().aggregate;
                 }
-                expectOp(")");
+                expectOp(u')');
+                out_ += u')';
                 return e;
             }
-            if (t.text == u'*') { // Count(*)
-                ++p_;
-                e.sql = QStringLiteral("*");
+            if (acceptOp(u'*')) { // Count(*)
+                out_ += u'*';
                 return e;
             }
             syntaxError(QStringLiteral("operador inesperado '%1'").arg(t.text), t.pos);
-        case Tok::Ident: {
-            const QString up = t.text.toUpper();
-            if (up == QLatin1String("TRUE") || up == QLatin1String("YES")) {
+        case Tok::Ident:
+            switch (t.kw) {
+            case Kw::True:
+            case Kw::Yes:
                 ++p_;
-                e.sql = QStringLiteral("1");
+                out_ += u'1';
                 return e;
-            }
-            if (up == QLatin1String("FALSE") || up == QLatin1String("NO")) {
+            case Kw::False:
+            case Kw::No:
                 ++p_;
-                e.sql = QStringLiteral("0");
+                out_ += u'0';
                 return e;
-            }
-            if (up == QLatin1String("NULL")) {
+            case Kw::Null:
                 ++p_;
-                e.sql = QStringLiteral("NULL");
+                out_ += QLatin1String("NULL");
                 return e;
+            default:
+                break;
             }
-            if (isOp("(", 1))
+            if (isOp(u'(', 1))
                 return call();
             if (isReserved(t))
                 syntaxError(QStringLiteral("palabra inesperada '%1'").arg(t.text), t.pos);
             return columnRef();
-        }
         case Tok::Bracket:
             return columnRef();
         case Tok::End:
@@ -902,95 +1054,109 @@ private:
     Expr columnRef()
     {
         Expr e;
+        e.start = out_.size();
         e.columnRef = true;
-        e.sql = quoteIdent(name());
-        while (isOp(".") || isOp("!")) {
+        appendIdent(out_, name());
+        while (isOp(u'.') || isOp(u'!')) {
             ++p_;
-            if (acceptOp("*")) {
-                e.sql += QStringLiteral(".*");
-                e.columnRef = true;
+            out_ += u'.';
+            if (acceptOp(u'*')) {
+                out_ += u'*';
                 return e;
             }
-            e.sql += u'.' + quoteIdent(name());
+            appendIdent(out_, name());
         }
         return e;
     }
 
-    QList<Expr> arguments()
+    // How a function of the engine is written here: the text before the
+    // arguments, between each pair, and after them; -1 arguments: any number.
+    struct Shape {
+        const char* name;
+        const char* open;
+        const char* separators[2];
+        const char* close;
+        int args;
+        bool aggregate;
+    };
+
+    static const Shape* shapeOf(QStringView fn)
     {
-        QList<Expr> args;
-        expectOp("(");
-        if (!isOp(")")) {
-            do {
-                args << expression();
-            } while (acceptOp(","));
-        }
-        expectOp(")");
-        return args;
+        static constexpr Shape shapes[] = {
+            {"IIF", "(CASE WHEN ", {" THEN ", " ELSE "}, " END)", 3, false},
+            {"ISNULL", "(", {nullptr, nullptr}, " IS NULL)", 1, false},
+            {"LEFT", "substr(", {", 1, ", nullptr}, ")", 2, false},
+            {"RIGHT", "jet_right(", {", ", nullptr}, ")", 2, false},
+            {"FIRST", "jet_first(", {nullptr, nullptr}, ")", 1, true},
+            {"LAST", "jet_last(", {nullptr, nullptr}, ")", 1, true},
+            {"AVG", "avg(", {nullptr, nullptr}, ")", 1, true},
+            {"SUM", "sum(", {nullptr, nullptr}, ")", 1, true},
+            {"COUNT", "count(", {nullptr, nullptr}, ")", 1, true},
+            {"MIN", "min(", {nullptr, nullptr}, ")", 1, true},
+            {"MAX", "max(", {nullptr, nullptr}, ")", 1, true},
+            {"FORMAT", "jet_format(", {", ", nullptr}, ")", -1, false},
+            {"STR", "jet_str(", {nullptr, nullptr}, ")", 1, false},
+            {"UCASE", "jet_ucase(", {nullptr, nullptr}, ")", 1, false},
+            {"LCASE", "jet_lcase(", {nullptr, nullptr}, ")", 1, false},
+            {"LEN", "length(", {nullptr, nullptr}, ")", 1, false},
+            {"TRIM", "trim(", {nullptr, nullptr}, ")", 1, false},
+            {"LTRIM", "ltrim(", {nullptr, nullptr}, ")", 1, false},
+            {"RTRIM", "rtrim(", {nullptr, nullptr}, ")", 1, false},
+            {"MID", "substr(", {", ", ", "}, ")", -1, false},
+            {"INT", "jet_int(", {nullptr, nullptr}, ")", 1, false},
+            {"VAL", "jet_val(", {nullptr, nullptr}, ")", 1, false},
+            {"NOW", "jet_now(", {nullptr, nullptr}, ")", 0, false},
+            {"DATE", "jet_date(", {nullptr, nullptr}, ")", 0, false},
+            {"YEAR", "jet_year(", {nullptr, nullptr}, ")", 1, false},
+            {"MONTH", "jet_month(", {nullptr, nullptr}, ")", 1, false},
+            {"DAY", "jet_day(", {nullptr, nullptr}, ")", 1, false},
+            {"CSTR", "jet_cstr(", {nullptr, nullptr}, ")", 1, false},
+            {"CINT", "jet_cint(", {nullptr, nullptr}, ")", 1, false},
+            {"CLNG", "jet_clng(", {nullptr, nullptr}, ")", 1, false},
+            {"CDBL", "jet_cdbl(", {nullptr, nullptr}, ")", 1, false},
+            {"CSNG", "jet_csng(", {nullptr, nullptr}, ")", 1, false},
+            {"ABS", "abs(", {nullptr, nullptr}, ")", 1, false},
+            {"ROUND", "jet_round(", {", ", nullptr}, ")", -1, false},
+        };
+        char up[16];
+        if (!asciiUpper(fn, up, sizeof up))
+            return nullptr;
+        for (const Shape& s : shapes)
+            if (std::strcmp(s.name, up) == 0)
+                return &s;
+        return nullptr;
     }
 
     Expr call()
     {
         const Token& fn = next();
-        const QString up = fn.text.toUpper();
-        QList<Expr> args = arguments();
         Expr e;
-        for (const Expr& a : args)
-            e.aggregate = e.aggregate || a.aggregate;
-        auto joined = [&]() {
-            QStringList list;
-            for (const Expr& a : args)
-                list << a.sql;
-            return list.join(QStringLiteral(", "));
-        };
-        auto need = [&](int n) {
-            if (args.size() != n)
-                syntaxError(QStringLiteral("número de argumentos incorrecto en %1").arg(fn.text), fn.pos);
-        };
-        if (up == QLatin1String("IIF")) {
-            need(3);
-            e.sql = QStringLiteral("(CASE WHEN ") + args[0].sql + QStringLiteral(" THEN ") + args[1].sql
-                    + QStringLiteral(" ELSE ") + args[2].sql + QStringLiteral(" END)");
-            return e;
+        e.start = out_.size();
+        const Shape* shape = shapeOf(fn.text);
+        if (shape) {
+            out_ += QLatin1String(shape->open);
+        } else {
+            // Anything else goes to SQLite by its own name, which fails there if unknown.
+            out_ += fn.text;
+            out_ += u'(';
         }
-        if (up == QLatin1String("ISNULL")) {
-            need(1);
-            e.sql = u'(' + args[0].sql + QStringLiteral(" IS NULL)");
-            return e;
+        expectOp(u'(');
+        int count = 0;
+        if (!isOp(u')')) {
+            do {
+                if (count) {
+                    const char* sep = shape && count <= 2 ? shape->separators[count - 1] : ", ";
+                    out_ += QLatin1String(sep ? sep : ", ");
+                }
+                e.aggregate = expression().aggregate || e.aggregate;
+                ++count;
+            } while (acceptOp(u','));
         }
-        if (aggregateFunctions().contains(up)) {
-            e.aggregate = true;
-            static const QHash<QString, QString> own = {{QStringLiteral("FIRST"), QStringLiteral("jet_first")},
-                                                        {QStringLiteral("LAST"), QStringLiteral("jet_last")}};
-            e.sql = own.value(up, up.toLower()) + u'(' + joined() + u')';
-            return e;
-        }
-        // The engine's own functions that SQLite lacks or spells differently.
-        static const QHash<QString, QString> mapped = {
-            {QStringLiteral("FORMAT"), QStringLiteral("jet_format")}, {QStringLiteral("STR"), QStringLiteral("jet_str")},
-            {QStringLiteral("UCASE"), QStringLiteral("jet_ucase")},   {QStringLiteral("LCASE"), QStringLiteral("jet_lcase")},
-            {QStringLiteral("LEN"), QStringLiteral("length")},        {QStringLiteral("TRIM"), QStringLiteral("trim")},
-            {QStringLiteral("LTRIM"), QStringLiteral("ltrim")},       {QStringLiteral("RTRIM"), QStringLiteral("rtrim")},
-            {QStringLiteral("MID"), QStringLiteral("substr")},        {QStringLiteral("INT"), QStringLiteral("jet_int")},
-            {QStringLiteral("VAL"), QStringLiteral("jet_val")},       {QStringLiteral("NOW"), QStringLiteral("jet_now")},
-            {QStringLiteral("DATE"), QStringLiteral("jet_date")},     {QStringLiteral("YEAR"), QStringLiteral("jet_year")},
-            {QStringLiteral("MONTH"), QStringLiteral("jet_month")},   {QStringLiteral("DAY"), QStringLiteral("jet_day")},
-            {QStringLiteral("CSTR"), QStringLiteral("jet_cstr")},     {QStringLiteral("CINT"), QStringLiteral("jet_cint")},
-            {QStringLiteral("CLNG"), QStringLiteral("jet_clng")},     {QStringLiteral("CDBL"), QStringLiteral("jet_cdbl")},
-            {QStringLiteral("CSNG"), QStringLiteral("jet_csng")},     {QStringLiteral("ABS"), QStringLiteral("abs")},
-            {QStringLiteral("ROUND"), QStringLiteral("jet_round")},
-        };
-        if (up == QLatin1String("LEFT")) {
-            need(2);
-            e.sql = QStringLiteral("substr(") + args[0].sql + QStringLiteral(", 1, ") + args[1].sql + u')';
-            return e;
-        }
-        if (up == QLatin1String("RIGHT")) {
-            need(2);
-            e.sql = QStringLiteral("jet_right(") + joined() + u')';
-            return e;
-        }
-        e.sql = mapped.value(up, fn.text) + u'(' + joined() + u')';
+        expectOp(u')');
+        if (shape && shape->args >= 0 && count != shape->args)
+            syntaxError(QStringLiteral("número de argumentos incorrecto en %1").arg(fn.text), fn.pos);
+        out_ += shape ? QLatin1String(shape->close) : QLatin1String(")");
+        e.aggregate = e.aggregate || (shape && shape->aggregate);
         return e;
     }
 };
