@@ -27,7 +27,7 @@ using Shape = LargeYearShape;
 
 // Bump when the content changes, so that a cached year of an older generator
 // is not reused.
-constexpr int kGeneratorVersion = 1;
+constexpr int kGeneratorVersion = 2;
 constexpr quint64 kSeed = 0x43414445524e4941ull;
 
 // splitmix64: small, fast and the same on every platform and library, which
