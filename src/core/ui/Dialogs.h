@@ -1,0 +1,41 @@
+#pragma once
+// The common file and colour dialogs, behind a seam that tests answer in
+// advance. Nothing else opens a QFileDialog or a QColorDialog.
+//
+//     FileDialog::setNextFileName("/tmp/alumnos.alu");   // "" = cancelled
+//     ColorDialog::setNextColor(QColor(255, 0, 0));      // invalid = cancelled
+//
+// With MsgBox::setUnscriptedFatal(true) an unanswered dialog ends the test run.
+#include <QColor>
+#include <QString>
+#include <QStringList>
+
+class QWidget;
+
+class FileDialog {
+public:
+    // The chosen file, or "" when cancelled.
+    static QString getOpenFileName(QWidget* parent = nullptr, const QString& caption = QString(),
+                                   const QString& dir = QString(), const QString& filter = QString());
+    static QString getSaveFileName(QWidget* parent = nullptr, const QString& caption = QString(),
+                                   const QString& dir = QString(), const QString& filter = QString());
+    // The chosen folder, or "" when cancelled.
+    static QString getExistingDirectory(QWidget* parent = nullptr, const QString& caption = QString(),
+                                        const QString& dir = QString());
+
+    static void setNextFileName(const QString& fileName);
+    // Captions of the dialogs asked for since the last reset.
+    static const QStringList& asked();
+    static void reset();
+};
+
+class ColorDialog {
+public:
+    // The chosen colour, or an invalid QColor when cancelled.
+    static QColor getColor(const QColor& initial = Qt::white, QWidget* parent = nullptr,
+                           const QString& title = QString());
+
+    static void setNextColor(const QColor& color);
+    static const QList<QColor>& asked(); // the initial colour of each dialog
+    static void reset();
+};
