@@ -1,5 +1,7 @@
 #include "LargeYear.h"
 
+#include "setup/DemoRandom.h"
+
 #include "core/db/Schema.h"
 #include "core/vb/RuntimeError.h"
 
@@ -30,30 +32,13 @@ using Shape = LargeYearShape;
 constexpr int kGeneratorVersion = 2;
 constexpr quint64 kSeed = 0x43414445524e4941ull;
 
-// splitmix64: small, fast and the same on every platform and library, which
-// the standard distributions are not.
-class Random {
-public:
-    explicit Random(quint64 seed) : state_(seed) {}
-    quint64 next()
-    {
-        quint64 z = (state_ += 0x9E3779B97F4A7C15ull);
-        z = (z ^ (z >> 30)) * 0xBF58476D1CE4E5B9ull;
-        z = (z ^ (z >> 27)) * 0x94D049BB133111EBull;
-        return z ^ (z >> 31);
-    }
-    int below(int n) { return int(next() % quint64(n)); }
-    double unit() { return double(next() >> 11) * 0x1.0p-53; }
-    bool chance(double p) { return unit() < p; }
-    template <typename T, size_t N>
-    const T& pick(const std::array<T, N>& a)
-    {
-        return a[size_t(below(int(N)))];
-    }
+using Random = setup::demo::Random;
 
-private:
-    quint64 state_;
-};
+template <typename T, size_t N>
+const T& pick(Random& r, const std::array<T, N>& a)
+{
+    return a[size_t(r.below(int(N)))];
+}
 
 [[noreturn]] void fail(sqlite3* db, const char* what)
 {
@@ -334,16 +319,16 @@ void fill(sqlite3* db)
         for (int s = 0; s < Shape::StudentsPerGroup; ++s) {
             const int a = (g - 1) * Shape::StudentsPerGroup + s + 1;
             ability[size_t(a)] = 0.35 + 0.6 * r.unit();
-            const QString sur1 = QString::fromUtf8(r.pick(kSurnames));
-            const QString sur2 = QString::fromUtf8(r.pick(kSurnames));
-            const QString name = QString::fromUtf8(r.chance(0.5) ? r.pick(kGirls) : r.pick(kBoys));
-            const QString father = QString::fromUtf8(r.pick(kBoys)) + u' ' + sur1;
-            const QString mother = QString::fromUtf8(r.pick(kGirls)) + u' ' + sur2;
-            const Town& town = r.pick(kTowns);
+            const QString sur1 = QString::fromUtf8(pick(r, kSurnames));
+            const QString sur2 = QString::fromUtf8(pick(r, kSurnames));
+            const QString name = QString::fromUtf8(r.chance(0.5) ? pick(r, kGirls) : pick(r, kBoys));
+            const QString father = QString::fromUtf8(pick(r, kBoys)) + u' ' + sur1;
+            const QString mother = QString::fromUtf8(pick(r, kGirls)) + u' ' + sur2;
+            const Town& town = pick(r, kTowns);
             const QDate born = QDate(2014 - c, 1, 1).addDays(r.below(365));
             const QDate enrolled = QDate(2018 + r.below(7), 9, 9 + r.below(5));
-            const QString note = r.chance(0.08) ? QString::fromUtf8(r.pick(kStudentNotes)) : QString();
-            const QString street = QString::fromUtf8(r.pick(kStreets)) + u' ' + QString::number(1 + r.below(60));
+            const QString note = r.chance(0.08) ? QString::fromUtf8(pick(r, kStudentNotes)) : QString();
+            const QString street = QString::fromUtf8(pick(r, kStreets)) + u' ' + QString::number(1 + r.below(60));
             const QString fatherPhone = phone(r);
             const QString fatherMail = r.chance(0.8) ? mail(father) : QString();
             const QString motherPhone = phone(r);

@@ -107,7 +107,8 @@ void jetDiv(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 }
 
 // a \ b and a MOD b work on the operands rounded to whole numbers.
-void jetIntDiv(sqlite3_context* ctx, int argc, sqlite3_value** argv)
+template <qint64 (*Op)(qint64, qint64)>
+void wholeDivision(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
     if (anyNull(argc, argv))
         return sqlite3_result_null(ctx);
@@ -115,21 +116,12 @@ void jetIntDiv(sqlite3_context* ctx, int argc, sqlite3_value** argv)
         const qint64 a = vb::CLng(arg(argv, 0)), b = vb::CLng(arg(argv, 1));
         if (b == 0)
             throw RuntimeError(RuntimeError::DivisionByZero, QStringLiteral("División por cero"));
-        sqlite3_result_int64(ctx, a / b);
+        sqlite3_result_int64(ctx, Op(a, b));
     });
 }
 
-void jetMod(sqlite3_context* ctx, int argc, sqlite3_value** argv)
-{
-    if (anyNull(argc, argv))
-        return sqlite3_result_null(ctx);
-    guarded(ctx, [&] {
-        const qint64 a = vb::CLng(arg(argv, 0)), b = vb::CLng(arg(argv, 1));
-        if (b == 0)
-            throw RuntimeError(RuntimeError::DivisionByZero, QStringLiteral("División por cero"));
-        sqlite3_result_int64(ctx, a % b);
-    });
-}
+qint64 quotient(qint64 a, qint64 b) { return a / b; }
+qint64 remainder(qint64 a, qint64 b) { return a % b; }
 
 void jetPow(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
@@ -463,8 +455,8 @@ void registerSqlFunctions(sqlite3* db)
     const Scalar scalars[] = {
         {"jet_concat", -1, jetConcat, true},
         {"jet_div", 2, jetDiv, true},
-        {"jet_idiv", 2, jetIntDiv, true},
-        {"jet_mod", 2, jetMod, true},
+        {"jet_idiv", 2, wholeDivision<quotient>, true},
+        {"jet_mod", 2, wholeDivision<remainder>, true},
         {"jet_pow", 2, jetPow, true},
         {"jet_format", 2, jetFormat, true},
         {"jet_format", 1, jetFormat, true},
