@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS  ?= $(shell nproc)
 
-.PHONY: all deps configure build test bench format clean
+.PHONY: all deps configure build test run screenshots bench format clean
 
 all: build
 
@@ -19,6 +19,12 @@ build: configure
 
 test: build
 	cd $(BUILD) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure -j $(JOBS)
+
+run:
+	@scripts/run $(BUILD)
+
+screenshots:
+	@scripts/screenshots $(BUILD) screenshots
 
 bench: build
 	$(BUILD)/bin/cadernia-bench

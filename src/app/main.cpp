@@ -1,0 +1,11 @@
+// cadernia: the class book. Start it from its own folder: the print staging
+// files are found through the relative path Impresion/.
+#include "core/Main.h"
+#include "core/ui/RuntimeErrorBox.h"
+
+int main(int argc, char** argv)
+{
+    GuardedApplication app(argc, argv);
+    Main();
+    return app.exec();
+}

@@ -1,0 +1,93 @@
+#pragma once
+// The list screen of a catalogue: the grid mshDatos over a recordset that it
+// shows row for row, and the buttons cmdNovo, cmdEditar, cmdBorrar and
+// cmdSalir. A catalogue is a small subclass that gives, in its constructor,
+// the statement, the columns and the texts, and the entry form to open:
+//
+//     frmNiveles::frmNiveles(QWidget* parent) : ListForm(parent)
+//     {
+//         setCaption(QStringLiteral("Niveles"));
+//         strSql = QStringLiteral("SELECT Id, Des FROM tblNiveles ORDER BY Id");
+//         setColumns({500, 1100, 4000}, {QString(), QStringLiteral("Código"), ...});
+//         newCaption = QStringLiteral("Nuevo nivel");
+//         deleteQuestion = QStringLiteral("Está seguro de elimiar el nivel");
+//         table = QStringLiteral("tblNiveles");
+//         setFicha<frmNivelesFicha>();
+//     }
+//
+// The list fills on activation unless Tag is "A". The recordset and the grid
+// keep the same order: the key of the selected row is read from the
+// recordset moved to the grid's row, never from the grid's cells.
+#include "core/db/Recordset.h"
+#include "core/ui/Form.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+
+class FichaForm;
+class FlexGrid;
+class QPushButton;
+
+class ListForm : public Form {
+    Q_OBJECT
+
+public:
+    explicit ListForm(QWidget* parent = nullptr);
+    ~ListForm() override;
+
+    FlexGrid* mshDatos;
+    QPushButton* cmdNovo;
+    QPushButton* cmdEditar;
+    QPushButton* cmdBorrar;
+    QPushButton* cmdSalir;
+
+    // Opens the statement on gConexion and fills the grid: widths, titles,
+    // stripes, row 1 column 1. With no rows, one blank row under the titles.
+    void Rellenar();
+
+    // The handlers of the buttons and of a double click on the grid.
+    void cmdNovo_Click();
+    void cmdEditar_Click();
+    void cmdBorrar_Click();
+
+    db::Recordset& recordset() { return rs; }
+
+protected:
+    // The entry form of a row, made anew for each opening over this list.
+    template <typename F>
+    void setFicha()
+    {
+        makeFicha_ = [this] { return std::unique_ptr<FichaForm>(new F(this)); };
+    }
+    // Deletes the recordset's current row: by default
+    // "DELETE * FROM <table> WHERE Id = <id>" on gConexion.
+    virtual void BorrarActual();
+
+    // Widths in twips and titles, both from column 0 (the narrow fixed
+    // column, which has no title). A width of 0 hides the column.
+    void setColumns(const QList<int>& widths, const QStringList& titles);
+
+    void Form_Activate() override;
+    void done(int result) override;
+
+    db::Recordset rs;
+    QString strSql;                            // the statement of the list
+    QString table;                             // the table the rows come from
+    QString textField = QStringLiteral("Des"); // the row's text in captions and questions
+    QString newCaption;                        // caption of the entry form of a new row
+    QString deleteQuestion;                    // followed by CR LF, the row's text and "?"
+
+private:
+    void fitTitles();
+    int titleTwips(int col) const;
+    int lastVisibleCol() const;
+    int keyCol() const;
+
+    std::function<std::unique_ptr<FichaForm>()> makeFicha_;
+    QList<int> widths_;
+    QStringList titles_;
+};

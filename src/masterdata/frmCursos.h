@@ -1,0 +1,10 @@
+#pragma once
+// The list of courses (tblCursos), each with its level.
+#include "core/ui/ListForm.h"
+
+class frmCursos : public ListForm {
+    Q_OBJECT
+
+public:
+    explicit frmCursos(QWidget* parent = nullptr);
+};

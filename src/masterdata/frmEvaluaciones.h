@@ -1,0 +1,10 @@
+#pragma once
+// The list of evaluation periods (tblEvaluaciones).
+#include "core/ui/ListForm.h"
+
+class frmEvaluaciones : public ListForm {
+    Q_OBJECT
+
+public:
+    explicit frmEvaluaciones(QWidget* parent = nullptr);
+};

@@ -1,0 +1,3 @@
+#include "masterdata/frmNivelesFicha.h"
+
+frmNivelesFicha::frmNivelesFicha(QWidget* parent) : FichaForm(QStringLiteral("tblNiveles"), parent) {}

@@ -1,0 +1,10 @@
+#pragma once
+// The entry form of a level: its key and description.
+#include "core/ui/FichaForm.h"
+
+class frmNivelesFicha : public FichaForm {
+    Q_OBJECT
+
+public:
+    explicit frmNivelesFicha(QWidget* parent = nullptr);
+};

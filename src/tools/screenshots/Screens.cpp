@@ -1,0 +1,65 @@
+#include "tools/screenshots/Screens.h"
+
+#include "core/frmAcercaDe.h"
+#include "core/frmConfiguracion.h"
+#include "core/frmPrincipal.h"
+#include "core/ui/ListForm.h"
+#include "masterdata/frmCursos.h"
+#include "masterdata/frmEvaluaciones.h"
+#include "masterdata/frmGrupos.h"
+#include "masterdata/frmMaterias.h"
+#include "masterdata/frmNiveles.h"
+
+namespace screenshots {
+
+namespace {
+
+template <class F>
+Screen screen(const char* name)
+{
+    return {QLatin1String(name), [] { return static_cast<QWidget*>(new F); }, {}};
+}
+
+// The entry form of a list: a new row, and the list's first row edited.
+template <class L>
+Screen nuevo(const char* name)
+{
+    return {QLatin1String(name), [] { return static_cast<QWidget*>(new L); },
+            [](QWidget* list) { static_cast<ListForm*>(list)->cmdNovo_Click(); }};
+}
+
+template <class L>
+Screen editar(const char* name)
+{
+    return {QLatin1String(name), [] { return static_cast<QWidget*>(new L); },
+            [](QWidget* list) { static_cast<ListForm*>(list)->cmdEditar_Click(); }};
+}
+
+} // namespace
+
+QList<Screen> screens()
+{
+    return {
+        screen<frmPrincipal>("frmPrincipal"),
+        screen<frmConfiguracion>("frmConfiguracion"),
+        screen<frmAcercaDe>("frmAcercaDe"),
+
+        screen<frmNiveles>("frmNiveles"),
+        nuevo<frmNiveles>("frmNivelesFicha-nuevo"),
+        editar<frmNiveles>("frmNivelesFicha-editar"),
+        screen<frmCursos>("frmCursos"),
+        nuevo<frmCursos>("frmCursosFicha-nuevo"),
+        editar<frmCursos>("frmCursosFicha-editar"),
+        screen<frmGrupos>("frmGrupos"),
+        nuevo<frmGrupos>("frmGruposFicha-nuevo"),
+        editar<frmGrupos>("frmGruposFicha-editar"),
+        screen<frmEvaluaciones>("frmEvaluaciones"),
+        nuevo<frmEvaluaciones>("frmEvaluacionesFicha-nuevo"),
+        editar<frmEvaluaciones>("frmEvaluacionesFicha-editar"),
+        screen<frmMaterias>("frmMaterias"),
+        nuevo<frmMaterias>("frmMateriasFicha-nuevo"),
+        editar<frmMaterias>("frmMateriasFicha-editar"),
+    };
+}
+
+} // namespace screenshots
