@@ -1,0 +1,109 @@
+#include "reports/Report.h"
+
+#include "core/db/Connection.h"
+#include "core/vb/RuntimeError.h"
+#include "reports/ReportData.h"
+#include "reports/ReportSeams.h"
+#include "reports/SelectionFormula.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace reports {
+
+namespace {
+
+// Declared type of a column holds text: decides whether a + between two
+// fields of a formula joins texts.
+bool isTextColumn(const db::ConnectionPtr& cn, const QString& table, const QString& column)
+{
+    sqlite3_stmt* stmt = nullptr;
+    if (sqlite3_prepare_v2(cn->Handle(), "SELECT type FROM pragma_table_info(?1) WHERE name = ?2 COLLATE NOCASE", -1,
+                           &stmt, nullptr) != SQLITE_OK)
+        return false;
+    const QByteArray t = table.toUtf8();
+    const QByteArray c = column.toUtf8();
+    sqlite3_bind_text(stmt, 1, t.constData(), t.size(), SQLITE_TRANSIENT);
+    sqlite3_bind_text(stmt, 2, c.constData(), c.size(), SQLITE_TRANSIENT);
+    bool text = false;
+    if (sqlite3_step(stmt) == SQLITE_ROW) {
+        const QString type = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))).toUpper();
+        text = type.contains(QLatin1String("CHAR")) || type.contains(QLatin1String("TEXT")) ||
+               type.contains(QLatin1String("CLOB"));
+    }
+    sqlite3_finalize(stmt);
+    return text;
+}
+
+} // namespace
+
+std::unique_ptr<Report> Report::open(const QString& path)
+{
+    QFile file(path);
+    if (!QFileInfo(path).isFile())
+        throw RuntimeError(FileNotFound, QStringLiteral("No se encuentra el archivo de reporte %1").arg(path));
+    if (!file.open(QIODevice::ReadOnly))
+        throw RuntimeError(
+            FileNotFound,
+            QStringLiteral("No se puede abrir el archivo de reporte %1: %2").arg(path, file.errorString()));
+    return fromText(QString::fromUtf8(file.readAll()), path);
+}
+
+std::unique_ptr<Report> Report::fromText(const QString& text, const QString& path)
+{
+    std::unique_ptr<Report> report(new Report);
+    report->path_ = path;
+    report->def_ = ReportDefinition::parse(text, QFileInfo(path).completeBaseName());
+    return report;
+}
+
+void Report::setParameter(const QString& name, const QString& value)
+{
+    for (const QString& p : def_.parameters) {
+        if (p.compare(name, Qt::CaseInsensitive) == 0) {
+            parameters_.insert(p, value);
+            return;
+        }
+    }
+}
+
+QString Report::dataPath() const
+{
+    if (readsYear())
+        return location_;
+    return def_.data;
+}
+
+std::shared_ptr<ReportDocument> Report::render() const
+{
+    const QString data = dataPath();
+    if (data.isEmpty())
+        throw RuntimeError(NoDataLocation,
+                           QStringLiteral("No se ha indicado la base de datos del reporte %1").arg(def_.name));
+    const db::ConnectionPtr cn = db::Connection::Open(data);
+
+    QString condition;
+    if (!formula_.trimmed().isEmpty()) {
+        condition = translateSelectionFormula(
+            formula_, [&cn](const QString& t, const QString& c) { return isTextColumn(cn, t, c); });
+    }
+    const QString title = parameters_.value(QStringLiteral("pTitulo")).trimmed().isEmpty()
+                              ? def_.title
+                              : parameters_.value(QStringLiteral("pTitulo"));
+    const QDateTime now = Clock::now();
+    const ReportData reportData(def_, cn, condition, parameters_, title, now.date());
+
+    PageHeader header;
+    header.empresa = parameters_.value(QStringLiteral("pEmpresa"));
+    header.title = title;
+    header.subtitle = reportData.render(def_.subtitle).trimmed();
+    header.info = reportData.render(def_.info).trimmed();
+    header.date = now.date().toString(QStringLiteral("dd/MM/yyyy"));
+    const QString body = reportData.render(def_.templateText);
+    cn->Close();
+    return std::make_shared<ReportDocument>(def_.name, body, header, def_.landscape);
+}
+
+} // namespace reports

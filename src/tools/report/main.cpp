@@ -1,0 +1,122 @@
+// cadernia-report BASE YEAR KEY [options] OUT.pdf
+//
+// Renders a report of the catalogue to a PDF file, as the viewers would show
+// it, without opening any window. BASE is the base folder (what ruta.ini
+// holds), YEAR the year's folder under it; the student record (KEY
+// FichaAlumno) reads Impresion/Impresion.mdb under the current directory.
+#include "core/Modulo.h"
+#include "core/vb/RuntimeError.h"
+#include "reports/Catalogue.h"
+#include "reports/Report.h"
+#include "reports/ReportSeams.h"
+#include "reports/ReportViewer.h"
+
+#include <QCommandLineParser>
+#include <QDate>
+#include <QDir>
+#include <QGuiApplication>
+
+#include <cstdio>
+
+namespace {
+
+int usage(const QString& why)
+{
+    std::fprintf(stderr, "cadernia-report: %s\n", qPrintable(why));
+    std::fprintf(stderr,
+                 "uso: cadernia-report BASE CURSO CLAVE [--entry ENTRADA] [--title TITULO] [--info INFO]\n"
+                 "                     [--filter FORMULA] [--param nombre=valor ...] [--date dd/MM/aaaa] SALIDA.pdf\n"
+                 "claves: Alumnos (entradas \"Global\", \"Por Grupos\", \"Ficha\", \"Notas Finais\"),\n"
+                 "        NotasTarea, NotasAval, NotasRec, TutoriaCuadro, TutoriaBoletin, FichaAlumno\n");
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // No window is ever shown: the layout needs fonts, not a screen.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("cadernia-report"));
+
+    QCommandLineParser parser;
+    parser.addPositionalArgument(QStringLiteral("BASE"), QStringLiteral("carpeta base"));
+    parser.addPositionalArgument(QStringLiteral("CURSO"), QStringLiteral("carpeta del curso"));
+    parser.addPositionalArgument(QStringLiteral("CLAVE"), QStringLiteral("informe del catálogo"));
+    parser.addPositionalArgument(QStringLiteral("SALIDA"), QStringLiteral("archivo PDF"));
+    const QCommandLineOption entryOpt(QStringLiteral("entry"), QStringLiteral("entrada de la lista"),
+                                      QStringLiteral("ENTRADA"));
+    const QCommandLineOption titleOpt(QStringLiteral("title"), QStringLiteral("título (pTitulo)"),
+                                      QStringLiteral("TITULO"));
+    const QCommandLineOption infoOpt(QStringLiteral("info"), QStringLiteral("línea de información (pInfo)"),
+                                     QStringLiteral("INFO"));
+    const QCommandLineOption filterOpt(QStringLiteral("filter"), QStringLiteral("fórmula de selección"),
+                                       QStringLiteral("FORMULA"));
+    const QCommandLineOption paramOpt(QStringLiteral("param"), QStringLiteral("parámetro nombre=valor"),
+                                      QStringLiteral("P"));
+    const QCommandLineOption dateOpt(QStringLiteral("date"), QStringLiteral("fecha impresa"), QStringLiteral("FECHA"));
+    parser.addOptions({entryOpt, titleOpt, infoOpt, filterOpt, paramOpt, dateOpt});
+    parser.addHelpOption();
+    parser.process(app);
+
+    const QStringList args = parser.positionalArguments();
+    if (args.size() != 4)
+        return usage(QStringLiteral("se esperan BASE, CURSO, CLAVE y SALIDA.pdf"));
+    const QString key = args[2];
+    const QString out = args[3];
+
+    gRutaBase = QDir::cleanPath(args[0]);
+    gAno = args[1];
+    gRutaBD = gRutaBase + u'/' + gAno + QStringLiteral("/Xestion.mdb");
+    gRutaInformes = gRutaBase + QStringLiteral("/Informes");
+
+    const QStringList entries = reports::catalogue::entries(key);
+    const QString entry = parser.isSet(entryOpt) ? parser.value(entryOpt) : entries.value(0);
+    if (reports::catalogue::fileName(key, entry).isEmpty())
+        return usage(QStringLiteral("no hay informe \"%1\"%2 en el catálogo")
+                         .arg(key, entry.isEmpty() ? QString() : QStringLiteral(" / \"%1\"").arg(entry)));
+
+    if (parser.isSet(dateOpt)) {
+        QDate date = QDate::fromString(parser.value(dateOpt), QStringLiteral("dd/MM/yyyy"));
+        if (!date.isValid())
+            date = QDate::fromString(parser.value(dateOpt), Qt::ISODate);
+        if (!date.isValid())
+            return usage(QStringLiteral("fecha no válida: %1").arg(parser.value(dateOpt)));
+        reports::Clock::setFixed(QDateTime(date, QTime(12, 0)));
+    }
+
+    try {
+        auto report = reports::Report::open(reports::catalogue::filePath(gRutaBase, key, entry));
+        report->setParameter(QStringLiteral("pEmpresa"), reports::mainCaption());
+        if (entry == QLatin1String("Notas Finais"))
+            report->setParameter(QStringLiteral("pTitulo"), reports::catalogue::finalMarksTitle());
+        if (parser.isSet(titleOpt))
+            report->setParameter(QStringLiteral("pTitulo"), parser.value(titleOpt));
+        if (parser.isSet(infoOpt))
+            report->setParameter(QStringLiteral("pInfo"), parser.value(infoOpt));
+        for (const QString& p : parser.values(paramOpt)) {
+            const int eq = p.indexOf(u'=');
+            if (eq <= 0)
+                return usage(QStringLiteral("parámetro sin \"=\": %1").arg(p));
+            report->setParameter(p.left(eq).trimmed(), p.mid(eq + 1));
+        }
+        if (report->readsYear())
+            report->setLocation(gRutaBD);
+        const QString filter = parser.value(filterOpt);
+        if (!filter.isEmpty() && filter != QLatin1String("Sin Filtro") && reports::catalogue::takesFilter(entry))
+            report->setSelectionFormula(filter);
+        const auto document = report->render();
+        document->writePdf(out);
+        std::printf("%s: %d %s\n", qPrintable(out), document->pageCount(),
+                    document->pageCount() == 1 ? "página" : "páginas");
+    } catch (const RuntimeError& e) {
+        const QString text = e.Number() == reports::FileNotFound
+                                 ? ReportViewer::missingFileText() + QStringLiteral(" (") + e.Description() + u')'
+                                 : e.Description();
+        std::fprintf(stderr, "cadernia-report: %s\n", qPrintable(text));
+        return 2;
+    }
+    return 0;
+}
