@@ -1,5 +1,7 @@
 #include "setup/Setup.h"
 
+#include "reports/ReportFiles.h"
+
 #include "core/db/Connection.h"
 #include "core/db/Schema.h"
 #include "core/vb/RuntimeError.h"
@@ -22,6 +24,9 @@ namespace setup {
 namespace {
 
 const char* const kIcons[] = {"Incidencias.gif", "Alerta.gif"};
+// A pale blue and a light grey, as Windows colour values (0x00BBGGRR).
+constexpr qint64 kDefaultColor = 16445670;
+constexpr qint64 kDefaultColor2 = 15790320;
 
 bool fail(QString* error, const QString& message)
 {
@@ -184,6 +189,8 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
     }
     if (!installIcons(icoFolder, error))
         return false;
+    if (!reports::installReportFiles(r.basePath, programDir, error))
+        return false;
 
     const int startYear = schoolYearStart(year, today);
     const bool built = buildDatabase(
@@ -207,6 +214,13 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
         r.printCreated = true;
     }
 
+    // Colours of alternate grid rows and focused fields, in the numeric print
+    // form the colour screen writes; a teacher's own choice is kept.
+    for (const auto& [file, colour] : {std::pair{"color.ini", kDefaultColor}, std::pair{"color2.ini", kDefaultColor2}}) {
+        const QString path = programDir + u'/' + QLatin1String(file);
+        if (!QFileInfo::exists(path) && !writeConfigLine(path, QStringLiteral(" %1 ").arg(colour), error))
+            return false;
+    }
     // Last, so that the program never points at a year that is not complete.
     if (!writeConfigLine(r.rutaIni, r.basePath, error) || !writeConfigLine(r.anoIni, year, error))
         return false;

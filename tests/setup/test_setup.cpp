@@ -80,6 +80,8 @@ private slots:
     void freshInstallWritesConfigurationWithCrLf();
     void freshInstallCreatesReportsFolderAndIcons();
     void freshInstallCreatesEmptyYearOfFullSchema();
+    void freshInstallPutsTheReportFilesInPlace();
+    void freshInstallWritesDefaultColoursInThePrintForm();
     void freshInstallCreatesPrintDatabase();
     void existingPrintDatabaseIsKept();
     void existingYearIsRefusedAndNothingChanges();
@@ -151,6 +153,26 @@ void TestSetup::freshInstallCreatesReportsFolderAndIcons()
     }
     QVERIFY(fileBytes(p.base() + QStringLiteral("/Ico/Incidencias.gif")) !=
             fileBytes(p.base() + QStringLiteral("/Ico/Alerta.gif")));
+}
+
+void TestSetup::freshInstallPutsTheReportFilesInPlace()
+{
+    Place p;
+    QString error;
+    QVERIFY2(setup::setupBase(p.options(), &error), qPrintable(error));
+    for (const char* name : {"Alumnos.rpt", "AlumnosGrupo.rpt", "FichaAlumnos.rpt", "NotasFinais.rpt", "NotasTarea.rpt",
+                             "NotasAval.rpt", "NotasRec.rpt", "TutoriaCuadro.rpt", "TutoriaBoletin.rpt"})
+        QVERIFY2(QFileInfo(p.base() + QStringLiteral("/Informes/") + QLatin1String(name)).size() > 0, name);
+    QVERIFY(QFileInfo(p.program() + QStringLiteral("/Impresion/FichaAlumno.rpt")).size() > 0);
+}
+
+void TestSetup::freshInstallWritesDefaultColoursInThePrintForm()
+{
+    Place p;
+    QString error;
+    QVERIFY2(setup::setupBase(p.options(), &error), qPrintable(error));
+    QCOMPARE(fileBytes(p.program() + QStringLiteral("/color.ini")), QByteArray(" 16445670 \r\n"));
+    QCOMPARE(fileBytes(p.program() + QStringLiteral("/color2.ini")), QByteArray(" 15790320 \r\n"));
 }
 
 void TestSetup::freshInstallCreatesEmptyYearOfFullSchema()
