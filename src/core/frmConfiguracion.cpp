@@ -9,6 +9,7 @@
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
 #include "masterdata/frmNiveles.h"
+#include "masterdata/frmTareasTipos.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -65,8 +66,7 @@ frmConfiguracion::frmConfiguracion(QWidget* parent) : Form(parent)
     button("cmdCursos", QStringLiteral("&CURSOS"), Handler(&frmConfiguracion::Abrir<frmCursos>));
     button("cmdGrupos", QStringLiteral("&GRUPOS"), Handler(&frmConfiguracion::Abrir<frmGrupos>));
     button("cmdEvaluaciones", QStringLiteral("&EVALUACIONES"), Handler(&frmConfiguracion::Abrir<frmEvaluaciones>));
-    // frmTareasTipos comes with the task types and weights.
-    button("cmdTareasTipos", QStringLiteral("&TIPOS DE TAREAS"), Handler(nullptr));
+    button("cmdTareasTipos", QStringLiteral("&TIPOS DE TAREAS"), Handler(&frmConfiguracion::Abrir<frmTareasTipos>));
     button("cmdMaterias", QStringLiteral("&MATERIAS"), Handler(&frmConfiguracion::Abrir<frmMaterias>));
     layout->addWidget(catalogos);
 

@@ -6,11 +6,15 @@
 #include "core/frmConfiguracion.h"
 #include "core/ui/MsgBox.h"
 #include "core/ui/RuntimeErrorBox.h"
+#include "masterdata/frmAno.h"
 #include "masterdata/frmCursos.h"
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
 #include "masterdata/frmNiveles.h"
+#include "masterdata/frmTareasTipos.h"
+#include "utilities/frmColor.h"
+#include "utilities/frmCopiaPen.h"
 
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -213,6 +217,9 @@ void frmPrincipal::buildBands()
     // The other buttons open screens that are not part of the program yet.
     connect(cmdConfiguracion, &QPushButton::clicked, this, &frmPrincipal::cmdConfiguracion_Click);
     connect(cmdTarvelo, &QPushButton::clicked, this, &frmPrincipal::cmdTarvelo_Click);
+    connect(cmdAnos, &QPushButton::clicked, this, [this] { Abrir<frmAno>(); });
+    connect(cmdCopiaSeg, &QPushButton::clicked, this, [this] { Abrir<frmCopiaPen>(); });
+    connect(cmdCores, &QPushButton::clicked, this, [this] { Abrir<frmColor>(); });
 }
 
 QAction* frmPrincipal::addEntry(QMenu* menu, const char* name, const QString& caption)
@@ -242,7 +249,8 @@ void frmPrincipal::buildMenu()
             [this] { Abrir<frmGrupos>(); });
     connect(addEntry(maestros, "mnuArquivosEval", QStringLiteral("&5. Evaluaciones")), &QAction::triggered, this,
             [this] { Abrir<frmEvaluaciones>(); });
-    addEntry(maestros, "mnuArquivosTipTar", QStringLiteral("&6. Tipos de Tareas"));
+    connect(addEntry(maestros, "mnuArquivosTipTar", QStringLiteral("&6. Tipos de Tareas")), &QAction::triggered, this,
+            [this] { Abrir<frmTareasTipos>(); });
     connect(addEntry(maestros, "mnuAquivosMat", QStringLiteral("&7. Materias")), &QAction::triggered, this,
             [this] { Abrir<frmMaterias>(); });
     connect(addEntry(maestros, "mnuArquivosConfig", QStringLiteral("&8. Configuración")), &QAction::triggered, this,
@@ -254,12 +262,14 @@ void frmPrincipal::buildMenu()
     addEntry(trabajos, "mnuTraballosInc", QStringLiteral("&2. Incidencias"));
     addEntry(trabajos, "mnuTraballosComunicaRecibir", QStringLiteral("&3. Recibir datos"));
 
-    // The numbering starts at 2. The entries call their buttons' handlers,
-    // which come with the backup, year and colour screens.
+    // The numbering starts at 2; the entries do what their buttons do.
     QMenu* utilidades = menu("mnuUti", QStringLiteral("&UTILIDADES"));
-    addEntry(utilidades, "mnuUtiCopias", QStringLiteral("&2. Copias de Seguridad"));
-    addEntry(utilidades, "mnuUtiAno", QStringLiteral("&3. Gestión de Años"));
-    addEntry(utilidades, "mnuUtiColor", QStringLiteral("&4. Cambiar colores"));
+    connect(addEntry(utilidades, "mnuUtiCopias", QStringLiteral("&2. Copias de Seguridad")), &QAction::triggered, this,
+            [this] { Abrir<frmCopiaPen>(); });
+    connect(addEntry(utilidades, "mnuUtiAno", QStringLiteral("&3. Gestión de Años")), &QAction::triggered, this,
+            [this] { Abrir<frmAno>(); });
+    connect(addEntry(utilidades, "mnuUtiColor", QStringLiteral("&4. Cambiar colores")), &QAction::triggered, this,
+            [this] { Abrir<frmColor>(); });
 
     QMenu* salir = menu("mnuSair", QStringLiteral("&SALIR"));
     connect(addEntry(salir, "mnuSairAcercaDe", QStringLiteral("&1. Acerca de ...")), &QAction::triggered, this,

@@ -240,6 +240,8 @@ private slots:
                                          << "frmEvaluaciones";
         QTest::newRow("cmdMaterias") << "cmdMaterias"
                                      << "frmMaterias";
+        QTest::newRow("cmdTareasTipos") << "cmdTareasTipos"
+                                        << "frmTareasTipos";
     }
     void aListOpenedFromHereDoesNotRefillThePrinters()
     {
@@ -275,26 +277,6 @@ private slots:
         f.activate();
         QCOMPARE(f.cmbImpresora(0)->count(), 3);
         QCOMPARE(f.cmbImpresora(0)->currentIndex(), 0);
-    }
-
-    // Task types and weights are not part of the program yet.
-    void tiposDeTareasIsHarmless()
-    {
-        frmConfiguracion f;
-        f.show();
-        QString opened;
-        ModalDriver::whenModal(
-            [&](QWidget* modal) {
-                opened = QString::fromLatin1(modal->metaObject()->className());
-                modal->close();
-            },
-            200);
-        QTest::mouseClick(f.findChild<QPushButton*>(QStringLiteral("cmdTareasTipos")), Qt::LeftButton);
-        QTest::qWait(300);
-        ModalDriver::takeTimedOut();
-        QCOMPARE(opened, QString());
-        QVERIFY(f.isVisible());
-        QCOMPARE(f.cmbImpresora(0)->count(), 3);
     }
 
     void anUnwritableProgramFolderEndsInARunTimeError()

@@ -296,9 +296,7 @@ private slots:
     {
         QTest::addColumn<QString>("name");
         for (const char* n : {"cmdAlumnos", "cmdTareas", "cmdDiario", "cmdHorario", "cmdIncidencias", "cmdTitoria",
-                              "cmdGraficos", "cmdRecibirDatos", "cmdCopiaSeg", "cmdAnos", "cmdCores"})
-            QTest::newRow(n) << QString::fromLatin1(n);
-        for (const char* n : {"mnuArquivosTipTar", "mnuUtiCopias", "mnuUtiAno", "mnuUtiColor"})
+                              "cmdGraficos", "cmdRecibirDatos"})
             QTest::newRow(n) << QString::fromLatin1(n);
     }
     void buttonsWithoutTheirScreenAreHarmless()
@@ -341,6 +339,20 @@ private slots:
                                     << "frmAcercaDe";
         QTest::newRow("mnuSairAcercaDe") << "mnuSairAcercaDe"
                                          << "frmAcercaDe";
+        QTest::newRow("mnuArquivosTipTar") << "mnuArquivosTipTar"
+                                           << "frmTareasTipos";
+        QTest::newRow("cmdCopiaSeg") << "cmdCopiaSeg"
+                                     << "frmCopiaPen";
+        QTest::newRow("mnuUtiCopias") << "mnuUtiCopias"
+                                      << "frmCopiaPen";
+        QTest::newRow("cmdAnos") << "cmdAnos"
+                                 << "frmAno";
+        QTest::newRow("mnuUtiAno") << "mnuUtiAno"
+                                   << "frmAno";
+        QTest::newRow("cmdCores") << "cmdCores"
+                                  << "frmColor";
+        QTest::newRow("mnuUtiColor") << "mnuUtiColor"
+                                     << "frmColor";
     }
     void eachOpensItsFormModalUnderTheBusyPointer()
     {

@@ -13,6 +13,7 @@ namespace {
 struct FileScript {
     QQueue<QString> answers;
     QStringList asked;
+    QStringList filters;
 };
 
 FileScript& files()
@@ -33,9 +34,10 @@ ColorScript& colors()
 }
 
 // A scripted answer if there is one; nothing when the real dialog is to open.
-std::optional<QString> scriptedFile(const QString& caption)
+std::optional<QString> scriptedFile(const QString& caption, const QString& filter = QString())
 {
     files().asked.append(caption);
+    files().filters.append(filter);
     if (!files().answers.isEmpty())
         return files().answers.dequeue();
     if (MsgBox::unscriptedFatal())
@@ -47,14 +49,36 @@ std::optional<QString> scriptedFile(const QString& caption)
 
 QString FileDialog::getOpenFileName(QWidget* parent, const QString& caption, const QString& dir, const QString& filter)
 {
-    if (auto scripted = scriptedFile(caption))
+    if (auto scripted = scriptedFile(caption, filter))
         return *scripted;
     return QFileDialog::getOpenFileName(parent, caption, dir, filter);
 }
 
+QString FileDialog::getOpenFileNameCommon(QWidget* parent, const QString& caption, const QString& fileName,
+                                          const QString& filter)
+{
+    if (auto scripted = scriptedFile(caption, filter))
+        return *scripted;
+    return QFileDialog::getOpenFileName(parent, caption, fileName, qtFilter(filter), nullptr,
+                                        QFileDialog::HideNameFilterDetails);
+}
+
+QString FileDialog::qtFilter(const QString& commonFilter)
+{
+    const QStringList parts = commonFilter.split(u'|');
+    QStringList filters;
+    for (qsizetype i = 0; i < parts.size(); i += 2) {
+        const QString pattern = i + 1 < parts.size() ? parts[i + 1].trimmed() : QString();
+        // Qt separates several patterns with blanks, the common dialog with ";".
+        const QString patterns = pattern.isEmpty() ? QStringLiteral("*") : QString(pattern).replace(u';', u' ');
+        filters << parts[i] + QStringLiteral(" (") + patterns + u')';
+    }
+    return filters.join(QStringLiteral(";;"));
+}
+
 QString FileDialog::getSaveFileName(QWidget* parent, const QString& caption, const QString& dir, const QString& filter)
 {
-    if (auto scripted = scriptedFile(caption))
+    if (auto scripted = scriptedFile(caption, filter))
         return *scripted;
     return QFileDialog::getSaveFileName(parent, caption, dir, filter);
 }
@@ -76,10 +100,16 @@ const QStringList& FileDialog::asked()
     return files().asked;
 }
 
+const QStringList& FileDialog::askedFilters()
+{
+    return files().filters;
+}
+
 void FileDialog::reset()
 {
     files().answers.clear();
     files().asked.clear();
+    files().filters.clear();
 }
 
 QColor ColorDialog::getColor(const QColor& initial, QWidget* parent, const QString& title)

@@ -23,9 +23,21 @@ public:
     static QString getExistingDirectory(QWidget* parent = nullptr, const QString& caption = QString(),
                                         const QString& dir = QString());
 
+    // The open dialog with a filter written as the common dialog's,
+    // "description|pattern|description|pattern": it lists each description
+    // as written, the patterns out of sight; a description left without a
+    // pattern lists every file. `fileName` may be a pattern ("*.alu").
+    static QString getOpenFileNameCommon(QWidget* parent, const QString& caption, const QString& fileName,
+                                         const QString& filter);
+    // The Qt filter of such a text: "Ficheiros|*.alu|Todos" gives
+    // "Ficheiros (*.alu);;Todos (*)".
+    static QString qtFilter(const QString& commonFilter);
+
     static void setNextFileName(const QString& fileName);
     // Captions of the dialogs asked for since the last reset.
     static const QStringList& asked();
+    // Their filters, as the callers wrote them.
+    static const QStringList& askedFilters();
     static void reset();
 };
 

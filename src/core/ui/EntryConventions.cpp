@@ -3,6 +3,7 @@
 #include "core/Modulo.h"
 #include "core/ui/Colors.h"
 #include "core/ui/MaskEdit.h"
+#include "core/ui/RuntimeErrorBox.h"
 
 #include <QAbstractItemView>
 #include <QAbstractSpinBox>
@@ -51,6 +52,35 @@ QString blankOf(const QString& mask)
             ch = u'_';
     return out;
 }
+
+// What a field runs on one of its events (the focus leaving it, Enter in a
+// search box), kept as a child of the field and found again by the event's
+// name.
+class FieldHandler : public QObject {
+public:
+    FieldHandler(QWidget* field, const QString& event, std::function<void()> run) : QObject(field), run_(std::move(run))
+    {
+        setObjectName(event);
+    }
+    void run() const { run_(); }
+
+    static FieldHandler* of(const QWidget* field, const QString& event)
+    {
+        return static_cast<FieldHandler*>(field->findChild<QObject*>(event, Qt::FindDirectChildrenOnly));
+    }
+    // The field's handler of the event, in place of any before it.
+    static void set(QWidget* field, const QString& event, std::function<void()> run)
+    {
+        delete of(field, event);
+        new FieldHandler(field, event, std::move(run));
+    }
+
+private:
+    std::function<void()> run_;
+};
+
+const QString kOnLeave = QStringLiteral("cadernia_leave_handler");
+const QString kOnSearch = QStringLiteral("cadernia_search_handler");
 
 class EntryFilter : public QObject {
 public:
@@ -114,6 +144,8 @@ private:
                 masked->setText(QString());
         }
         setBackColor(field, white());
+        if (FieldHandler* handler = FieldHandler::of(field, kOnLeave))
+            guardRuntime([handler] { handler->run(); });
     }
 
     bool keyPress(QWidget* field, QKeyEvent* event)
@@ -128,6 +160,10 @@ private:
             return false;
         if (auto* combo = qobject_cast<QComboBox*>(field); combo && combo->view()->isVisible())
             return false; // Enter chooses in the open list
+        if (FieldHandler* search = FieldHandler::of(field, kOnSearch)) {
+            guardRuntime([search] { search->run(); });
+            return true;
+        }
         focusNextField(field);
         return !isMultiLine(field);
     }
@@ -189,6 +225,19 @@ void installMaskConventions(MaskEdit* field, const QString& mask)
 {
     installOn(field);
     field->setProperty(kMask, mask);
+}
+
+void onFieldLeft(QWidget* field, std::function<void()> left)
+{
+    FieldHandler::set(field, kOnLeave, std::move(left));
+    if (!field->property(kEntry).toBool())
+        installOn(field);
+}
+
+void installSearchField(QLineEdit* field, std::function<void()> search)
+{
+    FieldHandler::set(field, kOnSearch, std::move(search));
+    installOn(field);
 }
 
 void focusNextField(QWidget* from)

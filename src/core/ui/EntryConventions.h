@@ -14,6 +14,8 @@
 // first focus in a window just shown is an entry into its field.
 #include <QString>
 
+#include <functional>
+
 class QLineEdit;
 class QWidget;
 class MaskEdit;
@@ -41,5 +43,15 @@ inline void installTimeConventions(MaskEdit* field)
 // What Enter does: focus to the next field in the tab order of the field's
 // window, as the Tab key would.
 void focusNextField(QWidget* from);
+
+// A search box: the focus colours and selection of every field, but Enter
+// runs `search` and the focus stays in the box.
+void installSearchField(QLineEdit* field, std::function<void()> search);
+
+// Runs `left` each time the focus leaves the field (one with the entry
+// conventions) for another one, after the field has gone white; not when
+// only the window's activation goes and comes back. The check of a field on
+// leaving it lives here: it may show a message and put the focus back.
+void onFieldLeft(QWidget* field, std::function<void()> left);
 
 } // namespace ui

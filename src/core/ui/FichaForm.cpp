@@ -3,6 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "core/ui/EntryConventions.h"
+#include "core/ui/MaskEdit.h"
 #include "core/ui/MsgBox.h"
 #include "core/ui/RuntimeErrorBox.h"
 #include "core/vb/Vb.h"
@@ -39,7 +40,7 @@ QLineEdit* addLine(QWidget* form, const char* name)
 struct FichaForm::Combo {
     ComboPorTexto box;
     QString statement;
-    QString keyField;
+    QString column; // of the table, where the key is kept
 };
 
 FichaForm::FichaForm(const QString& table, QWidget* parent)
@@ -103,10 +104,52 @@ void FichaForm::addCheck(QCheckBox* field, const QString& column)
 }
 
 void FichaForm::addCombo(const QString& label, QComboBox* combo, const QString& statement, const QString& keyField,
-                         const QString& textField)
+                         const QString& textField, const QString& column)
 {
     addField(label, combo);
-    combos_.push_back(std::make_unique<Combo>(Combo{ComboPorTexto(combo, keyField, textField), statement, keyField}));
+    combos_.push_back(std::make_unique<Combo>(
+        Combo{ComboPorTexto(combo, keyField, textField), statement, column.isEmpty() ? keyField : column}));
+}
+
+void FichaForm::addDate(const QString& label, MaskEdit* field, const QString& column)
+{
+    addField(label, field);
+    ui::installDateConventions(field);
+    bound_.push_back({field, column});
+}
+
+QString FichaForm::Fecha(const MaskEdit* field)
+{
+    // While the box has the focus it still shows its mask.
+    const QString text = field->Text();
+    return text == QStringLiteral("__/__/____") ? QString() : text;
+}
+
+void FichaForm::dropDescription()
+{
+    description_ = false;
+    fields_->setRowVisible(txtDes, false);
+    std::erase_if(bound_, [this](const Bound& b) { return b.field == txtDes; });
+}
+
+void FichaForm::setIdCaption(const QString& caption)
+{
+    if (auto* label = qobject_cast<QLabel*>(fields_->labelForField(txtId)))
+        label->setText(caption);
+}
+
+QString FichaForm::loadStatement() const
+{
+    return QStringLiteral("SELECT * FROM %1 WHERE Id = %2").arg(table).arg(id_);
+}
+
+QWidget* FichaForm::firstField() const
+{
+    if (description_)
+        return txtDes;
+    // The row under Código and the hidden Descripción.
+    QLayoutItem* item = fields_->rowCount() > 2 ? fields_->itemAt(2, QFormLayout::FieldRole) : nullptr;
+    return item && item->widget() ? item->widget() : txtId;
 }
 
 QString FichaForm::Texto(const QVariant& value)
@@ -126,19 +169,23 @@ void FichaForm::Form_Activate()
         txtId->setText(QString::number(SiguienteId(table, QStringLiteral("Id"), QString())));
     } else {
         rs.Close();
-        rs.Open(QStringLiteral("SELECT * FROM %1 WHERE Id = %2").arg(table).arg(id_), gConexion);
+        rs.Open(loadStatement(), gConexion);
         txtId->setText(QString::number(id_));
         for (const Bound& b : bound_) {
-            if (auto* line = qobject_cast<QLineEdit*>(b.field))
+            if (auto* date = qobject_cast<MaskEdit*>(b.field))
+                date->setText(vb::IsNull(rs.Value(b.column))
+                                  ? QString()
+                                  : vb::Format(rs.Value(b.column), QStringLiteral("dd/MM/yyyy")));
+            else if (auto* line = qobject_cast<QLineEdit*>(b.field))
                 line->setText(Texto(rs.Value(b.column)));
             else if (auto* check = qobject_cast<QCheckBox*>(b.field))
                 check->setChecked(rs.Value(b.column).toBool());
         }
         for (auto& combo : combos_)
-            combo->box.showKey(rs.Value(combo->keyField));
+            combo->box.showKey(rs.Value(combo->column));
         showFields(rs);
     }
-    txtDes->setFocus();
+    firstField()->setFocus();
 }
 
 bool FichaForm::Rechazar(const QString& text, QWidget* field)
@@ -190,13 +237,15 @@ void FichaForm::GrabarModificado()
 void FichaForm::writeAll()
 {
     for (const Bound& b : bound_) {
-        if (auto* line = qobject_cast<QLineEdit*>(b.field))
+        if (auto* date = qobject_cast<MaskEdit*>(b.field))
+            rs.Fields(b.column) = vb::IsDate(Fecha(date)) ? vb::CDate(Fecha(date)) : QVariant();
+        else if (auto* line = qobject_cast<QLineEdit*>(b.field))
             rs.Fields(b.column) = line->text();
         else if (auto* check = qobject_cast<QCheckBox*>(b.field))
             rs.Fields(b.column) = check->isChecked();
     }
     for (auto& combo : combos_)
-        combo->box.write(rs, estado_, combo->keyField);
+        combo->box.write(rs, estado_, combo->column);
     writeFields(rs);
     rs.Update();
 }
@@ -265,4 +314,15 @@ void ComboPorTexto::write(db::Recordset& row, quint8 estado, const QString& keyC
     rs_.MoveFirst();
     rs_.Find(QStringLiteral("%1 = '%2'").arg(textField_, text));
     row.Fields(keyColumn) = rs_.Value(keyField_);
+}
+
+std::optional<QVariant> ComboPorTexto::keyOf(const QString& text)
+{
+    if (rs_.RecordCount() == 0)
+        return std::nullopt;
+    rs_.MoveFirst();
+    rs_.Find(QStringLiteral("%1 = '%2'").arg(textField_, text));
+    if (rs_.Eof())
+        return std::nullopt;
+    return rs_.Value(keyField_);
 }

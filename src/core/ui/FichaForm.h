@@ -17,17 +17,20 @@
 // A catalogue adds its fields in its constructor: addText() and addCheck()
 // for fields that show and save a column as they are, addCombo() for a combo
 // chosen by text, addField() for any other, which it then shows and saves
-// in the hooks showFields and writeFields. ComprobaDatos, loadLists and
-// releaseRecordsets are the other hooks.
+// in the hooks showFields and writeFields. ComprobaDatos, loadLists,
+// loadStatement and releaseRecordsets are the other hooks. A table without a
+// description drops its row with dropDescription().
 #include "core/db/Recordset.h"
 #include "core/ui/Form.h"
 
 #include <QString>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class ComboPorTexto;
+class MaskEdit;
 class QCheckBox;
 class QComboBox;
 class QFormLayout;
@@ -74,10 +77,27 @@ protected:
     void addCheck(QCheckBox* field, const QString& column);
     // A labelled combo chosen by text, filled at the first activation from
     // the statement, whose key field is named as the table's column that
-    // keeps the key ("IdNivel"). It is shown with the row, saved with it
-    // (see ComboPorTexto::write) and released with the form.
+    // keeps the key ("IdNivel"), unless that column is given apart. It is
+    // shown with the row, saved with it (see ComboPorTexto::write) and
+    // released with the form.
     void addCombo(const QString& label, QComboBox* combo, const QString& statement, const QString& keyField,
-                  const QString& textField);
+                  const QString& textField, const QString& column = QString());
+    // A labelled date box ("##/##/####" while it has the focus) showing a
+    // date column as dd/MM/yyyy, a Null as empty, and saving the date it
+    // holds, or Null when it holds none or no valid one.
+    void addDate(const QString& label, MaskEdit* field, const QString& column);
+    // The text of a date box, its blank mask read as empty.
+    static QString Fecha(const MaskEdit* field);
+
+    // For a table without a description: the row of txtDes is hidden and
+    // saves nothing, and the focus starts in the first field below the key.
+    void dropDescription();
+    // The label of txtId, "Código" unless changed here.
+    void setIdCaption(const QString& caption);
+
+    // The statement that loads the edited row:
+    // "SELECT * FROM <table> WHERE Id = <id>" unless overridden.
+    virtual QString loadStatement() const;
 
     // Runs once, at the first activation, after the combos of addCombo are
     // filled and before the row is shown: any other list of the form is
@@ -110,6 +130,7 @@ private:
     void GrabarNuevo();
     void GrabarModificado();
     void writeAll();
+    QWidget* firstField() const;
 
     struct Bound {
         QWidget* field;
@@ -123,6 +144,7 @@ private:
     quint8 estado_ = 0;
     qint32 id_ = 0;
     bool loaded_ = false;
+    bool description_ = true;
 };
 
 // A combo box chosen by its text, as the entry forms bind one to a
@@ -145,6 +167,9 @@ public:
     // named as the text field, which no table has: the save fails and the
     // program ends. That only happens when the parent catalogue is empty.
     void write(db::Recordset& row, quint8 estado, const QString& keyColumn);
+    // The key of the first row with that text, searched from the first row;
+    // nothing when no row has it.
+    std::optional<QVariant> keyOf(const QString& text);
     void release() { rs_.Close(); }
 
 private:

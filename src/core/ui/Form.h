@@ -12,12 +12,13 @@
 //     ficha.setEstado(1);
 //     Tag = "A";
 //     ShowModal(&ficha);
+#include "core/ui/RuntimeErrorBox.h"
+
+#include <QAbstractButton>
 #include <QCursor>
 #include <QDialog>
 #include <QPointer>
 #include <QString>
-
-#include <QAbstractButton>
 
 class Form : public QDialog {
     Q_OBJECT
@@ -52,6 +53,16 @@ public:
 
 protected:
     virtual void Form_Activate() {}
+
+    // Runs a handler of this form on a signal, under the run-time error
+    // handler like every event of a form:
+    //     onSignal(cmdNovo, &QPushButton::clicked, &frmTareasTipos::cmdNovo_Click);
+    template <class Sender, class Signal, class F>
+    void onSignal(Sender* sender, Signal signal, void (F::*handler)())
+    {
+        F* self = static_cast<F*>(this);
+        connect(sender, signal, this, [self, handler] { ui::guardRuntime([&] { (self->*handler)(); }); });
+    }
 
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

@@ -21,19 +21,20 @@ ListForm::ListForm(QWidget* parent)
     : Form(parent), mshDatos(new FlexGrid(this)), cmdNovo(ui::commandButton(this, "cmdNovo", QStringLiteral("&Nuevo"))),
       cmdEditar(ui::commandButton(this, "cmdEditar", QStringLiteral("&Editar"))),
       cmdBorrar(ui::commandButton(this, "cmdBorrar", QStringLiteral("&Borrar"))),
-      cmdSalir(ui::commandButton(this, "cmdSalir", QStringLiteral("&Salir")))
+      cmdSalir(ui::commandButton(this, "cmdSalir", QStringLiteral("&Salir"))), gridColumn(new QVBoxLayout),
+      buttons_(new QVBoxLayout)
 {
     mshDatos->setObjectName(QStringLiteral("mshDatos"));
 
-    auto* buttons = new QVBoxLayout;
-    buttons->addWidget(cmdNovo);
-    buttons->addWidget(cmdEditar);
-    buttons->addWidget(cmdBorrar);
-    buttons->addStretch(1);
-    buttons->addWidget(cmdSalir);
+    buttons_->addWidget(cmdNovo);
+    buttons_->addWidget(cmdEditar);
+    buttons_->addWidget(cmdBorrar);
+    buttons_->addStretch(1);
+    buttons_->addWidget(cmdSalir);
+    gridColumn->addWidget(mshDatos, 1);
     auto* layout = new QHBoxLayout(this);
-    layout->addWidget(mshDatos, 1);
-    layout->addLayout(buttons);
+    layout->addLayout(gridColumn, 1);
+    layout->addLayout(buttons_);
 
     setCancelButton(cmdSalir);
     setSizeGripEnabled(true);
@@ -44,7 +45,7 @@ ListForm::ListForm(QWidget* parent)
     };
     connect(cmdNovo, &QPushButton::clicked, this, guarded(&ListForm::cmdNovo_Click));
     connect(cmdEditar, &QPushButton::clicked, this, guarded(&ListForm::cmdEditar_Click));
-    connect(mshDatos, &FlexGrid::DblClick, this, guarded(&ListForm::cmdEditar_Click));
+    connect(mshDatos, &FlexGrid::DblClick, this, guarded(&ListForm::mshDatos_DblClick));
     connect(cmdBorrar, &QPushButton::clicked, this, guarded(&ListForm::cmdBorrar_Click));
     connect(cmdSalir, &QPushButton::clicked, this, &Form::Unload);
 }
@@ -62,6 +63,12 @@ void ListForm::setColumns(const QList<int>& widths, const QStringList& titles)
         pixels += mshDatos->twipsToPixels(std::max(widths[c], titleTwips(c)));
     pixels += 2 * mshDatos->frameWidth() + mshDatos->verticalScrollBar()->sizeHint().width() + 4;
     mshDatos->setMinimumSize(pixels, 12 * mshDatos->fontMetrics().height() + 60);
+}
+
+void ListForm::addButton(QPushButton* button)
+{
+    // Above the stretch that keeps cmdSalir at the bottom.
+    buttons_->insertWidget(buttons_->count() - 2, button);
 }
 
 int ListForm::titleTwips(int col) const
@@ -83,7 +90,7 @@ void ListForm::Rellenar()
 {
     rs.Close();
     rs.Open(strSql, gConexion);
-    ui::fillList(*mshDatos, rs, widths_, titles_);
+    ui::fillList(*mshDatos, rs, widths_, titles_, rowNumbers);
     fitTitles();
 }
 
@@ -122,21 +129,32 @@ void ListForm::cmdNovo_Click()
 
 void ListForm::cmdEditar_Click()
 {
+    sobreFila([this](qint32 id) {
+        std::unique_ptr<FichaForm> ficha = makeFicha_();
+        ficha->setEstado(1);
+        ficha->setId(id);
+        ficha->setCaption(QStringLiteral("Modificando ") + UCase(rs.Value(textField)));
+        ShowModal(ficha.get());
+    });
+}
+
+void ListForm::mshDatos_DblClick()
+{
+    cmdEditar_Click();
+}
+
+void ListForm::sobreFila(const std::function<void(qint32 id)>& abrir)
+{
     const int col = keyCol();
     if (col < 1 || col >= mshDatos->Cols() || !IsNumeric(mshDatos->TextMatrix(mshDatos->RowSel(), col)))
         return;
     BusyCursor busy(this);
     ui::moveRecordsetToGridRow(*mshDatos, rs);
     const qint32 id = CLng(rs.Value(QStringLiteral("Id")));
-    // The list refills below, once, with the edited row found again.
+    // The list refills below, once, with the row found again.
     Tag = QStringLiteral("A");
-    std::unique_ptr<FichaForm> ficha = makeFicha_();
-    ficha->setEstado(1);
-    ficha->setId(id);
     CodigoAtopado = id;
-    ficha->setCaption(QStringLiteral("Modificando ") + UCase(rs.Value(textField)));
-    ShowModal(ficha.get());
-    ficha.reset();
+    abrir(id);
 
     Rellenar();
     rs.Find(QStringLiteral("Id = %1").arg(CodigoAtopado.toString()));

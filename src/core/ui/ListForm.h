@@ -18,6 +18,11 @@
 // The list fills on activation unless Tag is "A". The recordset and the grid
 // keep the same order: the key of the selected row is read from the
 // recordset moved to the grid's row, never from the grid's cells.
+//
+// A list with more to it (filters above the grid, a count under it, more
+// buttons) adds them to gridColumn and by addButton(), builds its statement
+// in its own Rellenar(), and opens the other screens of a row through
+// sobreFila(), as the edit button does.
 #include "core/db/Recordset.h"
 #include "core/ui/Form.h"
 
@@ -31,6 +36,7 @@
 class FichaForm;
 class FlexGrid;
 class QPushButton;
+class QVBoxLayout;
 
 class ListForm : public Form {
     Q_OBJECT
@@ -47,12 +53,14 @@ public:
 
     // Opens the statement on gConexion and fills the grid: widths, titles,
     // stripes, row 1 column 1. With no rows, one blank row under the titles.
-    void Rellenar();
+    virtual void Rellenar();
 
-    // The handlers of the buttons and of a double click on the grid.
+    // The handlers of the buttons and of a double click on the grid, which
+    // edits the row unless the list says otherwise.
     void cmdNovo_Click();
     void cmdEditar_Click();
     void cmdBorrar_Click();
+    virtual void mshDatos_DblClick();
 
     db::Recordset& recordset() { return rs; }
 
@@ -71,6 +79,15 @@ protected:
     // column, which has no title). A width of 0 hides the column.
     void setColumns(const QList<int>& widths, const QStringList& titles);
 
+    // Another button in the column of buttons, above cmdSalir.
+    void addButton(QPushButton* button);
+
+    // Opens another screen over the selected row, whose key must be numeric
+    // (an empty list does nothing): busy pointer, the recordset on the row,
+    // Tag "A" and the key in CodigoAtopado while `abrir` shows the screen;
+    // then the list refills and goes back to the row of that key.
+    void sobreFila(const std::function<void(qint32 id)>& abrir);
+
     void Form_Activate() override;
     void done(int result) override;
 
@@ -80,6 +97,8 @@ protected:
     QString textField = QStringLiteral("Des"); // the row's text in captions and questions
     QString newCaption;                        // caption of the entry form of a new row
     QString deleteQuestion;                    // followed by CR LF, the row's text and "?"
+    bool rowNumbers = false;                   // column 0 shows the row number
+    QVBoxLayout* gridColumn;                   // the grid, and what stands above or below it
 
 private:
     void fitTitles();
@@ -88,6 +107,7 @@ private:
     int keyCol() const;
 
     std::function<std::unique_ptr<FichaForm>()> makeFicha_;
+    QVBoxLayout* buttons_;
     QList<int> widths_;
     QStringList titles_;
 };

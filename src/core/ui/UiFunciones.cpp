@@ -27,6 +27,20 @@ void RellenarCombo(const QString& tabla, const QString& clave, const QString& te
     rs.Close();
 }
 
+void RellenarComboClave(QComboBox* combo, const QString& sql, const QString& clave, const QString& texto)
+{
+    combo->clear();
+    db::Recordset rs;
+    rs.Open(sql, gConexion);
+    while (!rs.Eof()) {
+        combo->addItem(rs.Value(texto).isNull() ? QString() : vb::CStr(rs.Value(texto)), rs.Value(clave));
+        rs.MoveNext();
+    }
+    rs.Close();
+    if (combo->count() > 0)
+        combo->setCurrentIndex(0);
+}
+
 namespace {
 
 enum : int { SortGenericAscending = 1, SortGenericDescending = 2 };

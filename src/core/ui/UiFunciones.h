@@ -12,6 +12,12 @@ class FlexGrid;
 void RellenarCombo(const QString& tabla, const QString& clave, const QString& texto, QComboBox* combo,
                    const QString& filtro);
 
+// Clears the box and fills it from a statement: the text field of each row
+// shown, in order, with the key field as the entry's item data; the first
+// entry is chosen. The chosen key is then vb::CLng(combo->currentData()),
+// which raises on an empty box.
+void RellenarComboClave(QComboBox* combo, const QString& sql, const QString& clave, const QString& texto);
+
 // Sorts the grid by a column: ascending, unless the same column was sorted
 // ascending just before, which sorts it descending. The last column and
 // direction are shared by every grid. Failures are ignored.

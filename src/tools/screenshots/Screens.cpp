@@ -8,7 +8,11 @@
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
+#include "masterdata/frmAno.h"
 #include "masterdata/frmNiveles.h"
+#include "masterdata/frmTareasTipos.h"
+#include "utilities/frmColor.h"
+#include "utilities/frmCopiaPen.h"
 
 namespace screenshots {
 
@@ -35,6 +39,14 @@ Screen editar(const char* name)
             [](QWidget* list) { static_cast<ListForm*>(list)->cmdEditar_Click(); }};
 }
 
+// A child of any screen, opened by one of its handlers.
+template <class F>
+Screen child(const char* name, void (F::*handler)())
+{
+    return {QLatin1String(name), [] { return static_cast<QWidget*>(new F); },
+            [handler](QWidget* w) { (static_cast<F*>(w)->*handler)(); }};
+}
+
 } // namespace
 
 QList<Screen> screens()
@@ -59,6 +71,14 @@ QList<Screen> screens()
         screen<frmMaterias>("frmMaterias"),
         nuevo<frmMaterias>("frmMateriasFicha-nuevo"),
         editar<frmMaterias>("frmMateriasFicha-editar"),
+        screen<frmTareasTipos>("frmTareasTipos"),
+        child<frmTareasTipos>("frmTareasTiposFicha-nuevo", &frmTareasTipos::cmdNovo_Click),
+        child<frmTareasTipos>("frmTareasTiposFicha-editar", &frmTareasTipos::cmdEditar_Click),
+        child<frmTareasTipos>("frmTareasTiposValores-nuevo", &frmTareasTipos::cmdNovoValor_Click),
+        child<frmTareasTipos>("frmTareasTiposValores-editar", &frmTareasTipos::cmdEditarValor_Click),
+        screen<frmAno>("frmAno"),
+        screen<frmCopiaPen>("frmCopiaPen"),
+        screen<frmColor>("frmColor"),
     };
 }
 

@@ -24,6 +24,18 @@ private slots:
         QCOMPARE(FileDialog::asked(), (QStringList{QStringLiteral("Importar"), QStringLiteral("Foto")}));
     }
 
+    void commonDialogFilterListsItsDescriptionsAndIsLoggedAsWritten()
+    {
+        QCOMPARE(FileDialog::qtFilter(QStringLiteral("Ficheiros alumnos|*.alu|Todos/*.*")),
+                 QStringLiteral("Ficheiros alumnos (*.alu);;Todos/*.* (*)"));
+        QCOMPARE(FileDialog::qtFilter(QStringLiteral("Imaxes|*.jpg;*.png")), QStringLiteral("Imaxes (*.jpg *.png)"));
+        FileDialog::setNextFileName(QStringLiteral("/tmp/b.alu"));
+        QCOMPARE(FileDialog::getOpenFileNameCommon(nullptr, QStringLiteral("Archivo a importar"),
+                                                   QStringLiteral("*.alu"), QStringLiteral("A|*.alu")),
+                 QStringLiteral("/tmp/b.alu"));
+        QCOMPARE(FileDialog::askedFilters(), QStringList{QStringLiteral("A|*.alu")});
+    }
+
     void scriptedColoursAreTakenAndTheStartColourIsLogged()
     {
         ColorDialog::setNextColor(QColor(255, 0, 0));

@@ -1,5 +1,5 @@
 // The conventions of entry fields: focus colour and selection, white on
-// leaving, Enter to the next field, the decimal comma.
+// leaving, Enter to the next field, the decimal comma, the search box.
 #include "ModalDriver.h"
 #include "core/Modulo.h"
 #include "core/ui/Colors.h"
@@ -176,6 +176,28 @@ private slots:
         f.txtNom->setFocus(Qt::TabFocusReason);
         ui::focusNextField(f.txtNom);
         QVERIFY(f.txtUltimo->hasFocus());
+    }
+
+    void searchFieldRunsItsSearchOnEnterAndKeepsTheFocus()
+    {
+        EntryForm f;
+        int searches = 0;
+        ui::installSearchField(f.txtNom, [&] { ++searches; });
+        QVERIFY(f.show());
+        f.txtNom->setFocus(Qt::TabFocusReason);
+        QCOMPARE(ui::backColor(f.txtNom), kFocus);
+        QTest::keyClicks(f.txtNom, QStringLiteral("Castro"));
+        QCOMPARE(f.txtNom->text(), QStringLiteral("Castro"));
+        QTest::keyClick(f.txtNom, Qt::Key_Return);
+        QCOMPARE(searches, 1);
+        QVERIFY(f.txtNom->hasFocus());
+        QCOMPARE(f.accepted, 0);
+        // The other fields keep moving on.
+        f.txtNota->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(f.txtNota, Qt::Key_Return);
+        QCOMPARE(searches, 1);
+        QVERIFY(f.txtObs->hasFocus());
+        QCOMPARE(ui::backColor(f.txtNom), QColor(Qt::white));
     }
 };
 

@@ -1,0 +1,124 @@
+// The mouse wheel over the grid of a list screen: one line per notch, up or
+// down by the sign, whatever the size of the turn; a screen opened again gets
+// a grid of its own that scrolls the same, and the old one is gone.
+#include "../support/TempYear.h"
+#include "core/Modulo.h"
+#include "core/ui/FlexGrid.h"
+#include "core/ui/MsgBox.h"
+#include "masterdata/frmEvaluaciones.h"
+#include "masterdata/frmTareasTipos.h"
+
+#include <QPointer>
+#include <QScrollBar>
+#include <QWheelEvent>
+#include <QtTest>
+
+namespace {
+
+void wheel(FlexGrid* grid, int delta)
+{
+    QWidget* target = grid->viewport();
+    const QPoint pos = target->rect().center();
+    QWheelEvent event(pos, target->mapToGlobal(pos), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(target, &event);
+}
+
+// One notch each way, a big turn, and the ends of the list.
+void checkOneLinePerNotch(FlexGrid* grid)
+{
+    QCOMPARE(grid->TopRow(), 1);
+    wheel(grid, 120);
+    QCOMPARE(grid->TopRow(), 1); // nothing above the first row
+    wheel(grid, -120);
+    QCOMPARE(grid->TopRow(), 2);
+    wheel(grid, -120);
+    QCOMPARE(grid->TopRow(), 3);
+    wheel(grid, 120);
+    QCOMPARE(grid->TopRow(), 2);
+    wheel(grid, -480); // a fast turn in one message
+    QCOMPARE(grid->TopRow(), 3);
+    wheel(grid, -15); // a fine-grained wheel's small step
+    QCOMPARE(grid->TopRow(), 4);
+    wheel(grid, 480);
+    QCOMPARE(grid->TopRow(), 3);
+    // At the end of the list the scroll position counts the lines (the top
+    // row may stand there half in view).
+    QScrollBar* bar = grid->verticalScrollBar();
+    bar->setValue(bar->maximum());
+    wheel(grid, -120);
+    QCOMPARE(bar->value(), bar->maximum()); // nothing below the last row
+    wheel(grid, 120);
+    QCOMPARE(bar->value(), bar->maximum() - 1);
+    wheel(grid, 360);
+    QCOMPARE(bar->value(), bar->maximum() - 2);
+}
+
+} // namespace
+
+class TestGridWheel : public QObject {
+    Q_OBJECT
+
+    std::unique_ptr<TempYear> year_;
+
+private slots:
+    void init()
+    {
+        year_ = std::make_unique<TempYear>(TempYear::Fill::Empty);
+        gConexion = year_->connect();
+        gColor = QStringLiteral(" 12632256 ");
+        gConexion->ExecuteNative(
+            QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 80) "
+                           "INSERT INTO tblTareasTipos (Id, Des, Min, Max) SELECT i, 'Tipo ' || i, 0, 10 FROM n;"
+                           "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 80) "
+                           "INSERT INTO tblEvaluaciones (Id, Des) SELECT i, 'Evaluación ' || i FROM n;"));
+        MsgBox::reset();
+        MsgBox::setUnscriptedFatal(true);
+    }
+
+    void cleanup()
+    {
+        MsgBox::reset();
+        gConexion.reset();
+        year_.reset();
+    }
+
+    void theTaskTypesGridScrollsOneLinePerNotch()
+    {
+        frmTareasTipos form;
+        form.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&form));
+        QCOMPARE(form.mshDatos->Rows(), 81);
+        checkOneLinePerNotch(form.mshDatos);
+    }
+
+    void aCatalogueListScrollsOneLinePerNotch()
+    {
+        frmEvaluaciones list;
+        list.resize(700, 400);
+        list.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&list));
+        checkOneLinePerNotch(list.mshDatos);
+    }
+
+    void aScreenOpenedAgainScrollsItsOwnNewGrid()
+    {
+        QPointer<FlexGrid> first;
+        {
+            frmTareasTipos form;
+            form.show();
+            QVERIFY(QTest::qWaitForWindowExposed(&form));
+            first = form.mshDatos;
+            wheel(form.mshDatos, -120);
+            QCOMPARE(form.mshDatos->TopRow(), 2);
+        }
+        QVERIFY(first.isNull());
+        frmTareasTipos again;
+        again.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&again));
+        checkOneLinePerNotch(again.mshDatos);
+    }
+};
+
+QTEST_MAIN(TestGridWheel)
+#include "test_grid_wheel.moc"
