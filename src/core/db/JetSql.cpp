@@ -569,7 +569,7 @@ private:
     template <typename Tables>
     void joinChain(Tables& tables)
     {
-        fromItem(tables);
+        fromItem(tables, true);
         for (;;) {
             if (is(Kw::Inner) && is(Kw::Join, 1)) {
                 p_ += 2;
@@ -583,16 +583,26 @@ private:
             } else {
                 return;
             }
-            fromItem(tables);
+            fromItem(tables, false);
             expect(Kw::On, "ON");
             out_ += QLatin1String(" ON ");
             expression();
         }
     }
 
+    // Joins run from left to right, so a parenthesised join on the left of
+    // another, "((a JOIN b ON ..) JOIN c ON ..)", means the same without its
+    // parentheses; dropping them keeps its tables in the outer query, where
+    // their rows can be written back. A join nested on the right keeps them.
     template <typename Tables>
-    void fromItem(Tables& tables)
+    void fromItem(Tables& tables, bool leftOperand)
     {
+        if (isOp(u'(') && !is(Kw::Select, 1) && leftOperand) {
+            ++p_;
+            joinChain(tables);
+            expectOp(u')');
+            return;
+        }
         if (acceptOp(u'(')) {
             out_ += u'(';
             if (is(Kw::Select)) {

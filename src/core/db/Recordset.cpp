@@ -251,6 +251,7 @@ void Recordset::Open(const QString& source, const ConnectionPtr& connection)
         fetchPivot(t);
     else
         fetch(t);
+    uniqueTable_ = t.baseTables.isEmpty() ? -1 : tableIndex(t.baseTables.first());
     open_ = true;
     pos_ = 0;
     onDeleted_ = false;
@@ -266,6 +267,7 @@ void Recordset::Close()
     index_.clear();
     columns_.clear();
     tables_.clear();
+    uniqueTable_ = -1;
     rows_.clear();
     dirty_.clear();
     pos_ = 0;
@@ -757,11 +759,14 @@ void Recordset::Delete()
     }
     editing_ = EditMode::None;
     dirty_.fill(false, names_.size());
-    if (tables_.isEmpty() || !rows_[pos_].keys[0])
+    // Only the first table of the statement loses the row; a join never
+    // deletes from the tables it looks up.
+    if (uniqueTable_ < 0 || !rows_[pos_].keys[uniqueTable_])
         throw RuntimeError(RuntimeError::DatabaseError,
                            QStringLiteral("No se pueden eliminar filas de este conjunto de registros."));
-    sqlite3_stmt* stmt = cn_->Prepare(QStringLiteral("DELETE FROM \"%1\" WHERE rowid = ?").arg(tables_[0]));
-    sqlite3_bind_int64(stmt, 1, rows_[pos_].keys[0]);
+    sqlite3_stmt* stmt =
+        cn_->Prepare(QStringLiteral("DELETE FROM \"%1\" WHERE rowid = ?").arg(tables_[uniqueTable_]));
+    sqlite3_bind_int64(stmt, 1, rows_[pos_].keys[uniqueTable_]);
     stepCommand(*cn_, stmt);
     rows_.removeAt(pos_);
     onDeleted_ = true;

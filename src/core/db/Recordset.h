@@ -115,6 +115,7 @@ private:
     QHash<QString, int> index_; // lower-case name -> column
     QVector<Column> columns_;
     QStringList tables_; // writable base tables, in FROM order
+    int uniqueTable_ = -1; // the first table of the FROM: the one Delete removes rows from
     QVector<Row> rows_;
     int pos_ = 0;        // 0-based current row; -1 BOF; rows_.size() EOF
     bool onDeleted_ = false;

@@ -113,6 +113,16 @@ private slots:
                  QStringLiteral("UPDATE \"tblNotas\" SET \"Nota\" = 5, \"Obs\" = 'x' WHERE \"tblNotas\".\"Id\" = 1"));
     }
 
+    void parenthesesOfAJoinOnTheLeftAreDroppedOnTheRightKept()
+    {
+        QCOMPARE(sql("SELECT a.x FROM ((a LEFT JOIN b ON a.i = b.i) LEFT JOIN c ON b.j = c.j)"),
+                 QStringLiteral("SELECT \"a\".\"x\" FROM \"a\" LEFT JOIN \"b\" ON \"a\".\"i\" = \"b\".\"i\" LEFT JOIN \"c\" ON "
+                                "\"b\".\"j\" = \"c\".\"j\""));
+        QCOMPARE(sql("SELECT a.x FROM a INNER JOIN (b INNER JOIN c ON b.j = c.j) ON a.i = b.i"),
+                 QStringLiteral("SELECT \"a\".\"x\" FROM \"a\" INNER JOIN (\"b\" INNER JOIN \"c\" ON \"b\".\"j\" = \"c\".\"j\") ON "
+                                "\"a\".\"i\" = \"b\".\"i\""));
+    }
+
     void orderByTermsGetTheSpanishCollation()
     {
         QCOMPARE(sql("SELECT Ape FROM tblAlumnos ORDER BY Ape DESC, 2"),

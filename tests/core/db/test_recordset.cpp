@@ -203,6 +203,42 @@ private slots:
         QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblEvaluaciones")).toInt(), 2);
     }
 
+    // The student list reads groups, courses and levels through LEFT JOINs;
+    // deleting a row of it removes the student and nothing it looks up.
+    void deleteOnAJoinRemovesTheRowOfTheFirstTableOnly()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        auto cn = year.connect();
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT tblAlumnos.Ape, [tblCursos]![Des] & ' ' & [tblNiveles]![Des] AS Curso, tblAlumnos.Id "
+                               "FROM ((tblAlumnos LEFT JOIN tblGrupos ON tblAlumnos.Grupo = tblGrupos.Id) LEFT JOIN "
+                               "tblCursos ON tblGrupos.IdCurso = tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel "
+                               "= tblNiveles.Id ORDER BY tblAlumnos.Id"),
+                cn);
+        rs.Delete();
+        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos")).toInt(), 7);
+        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos WHERE Id = 1")).toInt(), 0);
+        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblNiveles")).toInt(), 2);
+        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblGrupos")).toInt(), 3);
+        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblCursos")).toInt(), 3);
+    }
+
+    void aColumnOfATableNestedOnTheRightOfAJoinIsReadOnly()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        auto cn = year.connect();
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT tblAlumnos.Nom, tblCursos.Des FROM tblAlumnos INNER JOIN (tblGrupos INNER JOIN "
+                               "tblCursos ON tblGrupos.IdCurso = tblCursos.Id) ON tblAlumnos.Grupo = tblGrupos.Id ORDER BY "
+                               "tblAlumnos.Id"),
+                cn);
+        QVERIFY(errorNumber([&] { rs.Fields("Des") = QStringLiteral("x"); }) != 0);
+        rs.Fields("Nom") = QStringLiteral("Ana María");
+        rs.Update();
+        QCOMPARE(value(cn, QStringLiteral("SELECT Nom FROM tblAlumnos WHERE Id = 1")).toString(), QStringLiteral("Ana María"));
+        QCOMPARE(value(cn, QStringLiteral("SELECT Des FROM tblCursos WHERE Id = 1")).toString(), QStringLiteral("5º"));
+    }
+
     void computedColumnsAreReadOnly()
     {
         TempYear year(TempYear::Fill::Seeded);
