@@ -13,6 +13,8 @@
 #include "masterdata/frmMaterias.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmTareasTipos.h"
+#include "students/frmAlumnos.h"
+#include "students/frmComunicacionRecibir.h"
 #include "utilities/frmColor.h"
 #include "utilities/frmCopiaPen.h"
 
@@ -218,6 +220,8 @@ void frmPrincipal::buildBands()
     connect(cmdConfiguracion, &QPushButton::clicked, this, &frmPrincipal::cmdConfiguracion_Click);
     connect(cmdTarvelo, &QPushButton::clicked, this, &frmPrincipal::cmdTarvelo_Click);
     connect(cmdAnos, &QPushButton::clicked, this, [this] { Abrir<frmAno>(); });
+    connect(cmdAlumnos, &QPushButton::clicked, this, [this] { Abrir<frmAlumnos>(); });
+    connect(cmdRecibirDatos, &QPushButton::clicked, this, [this] { Abrir<frmComunicacionRecibir>(); });
     connect(cmdCopiaSeg, &QPushButton::clicked, this, [this] { Abrir<frmCopiaPen>(); });
     connect(cmdCores, &QPushButton::clicked, this, [this] { Abrir<frmColor>(); });
 }

@@ -295,8 +295,7 @@ private slots:
     void buttonsWithoutTheirScreenAreHarmless_data()
     {
         QTest::addColumn<QString>("name");
-        for (const char* n : {"cmdAlumnos", "cmdTareas", "cmdDiario", "cmdHorario", "cmdIncidencias", "cmdTitoria",
-                              "cmdGraficos", "cmdRecibirDatos"})
+        for (const char* n : {"cmdTareas", "cmdDiario", "cmdHorario", "cmdIncidencias", "cmdTitoria", "cmdGraficos"})
             QTest::newRow(n) << QString::fromLatin1(n);
     }
     void buttonsWithoutTheirScreenAreHarmless()
@@ -339,6 +338,10 @@ private slots:
                                     << "frmAcercaDe";
         QTest::newRow("mnuSairAcercaDe") << "mnuSairAcercaDe"
                                          << "frmAcercaDe";
+        QTest::newRow("cmdAlumnos") << "cmdAlumnos"
+                                    << "frmAlumnos";
+        QTest::newRow("cmdRecibirDatos") << "cmdRecibirDatos"
+                                         << "frmComunicacionRecibir";
         QTest::newRow("mnuArquivosTipTar") << "mnuArquivosTipTar"
                                            << "frmTareasTipos";
         QTest::newRow("cmdCopiaSeg") << "cmdCopiaSeg"

@@ -11,6 +11,9 @@
 #include "masterdata/frmAno.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmTareasTipos.h"
+#include "students/frmAlumnos.h"
+#include "students/frmAtopar.h"
+#include "students/frmComunicacionRecibir.h"
 #include "utilities/frmColor.h"
 #include "utilities/frmCopiaPen.h"
 
@@ -47,6 +50,18 @@ Screen child(const char* name, void (F::*handler)())
             [handler](QWidget* w) { (static_cast<F*>(w)->*handler)(); }};
 }
 
+// The search dialog in one of its two modes.
+Screen atopar(const char* name, const char* estado)
+{
+    return {QLatin1String(name),
+            [estado] {
+                auto* f = new frmAtopar;
+                f->setEstado(QLatin1String(estado));
+                return static_cast<QWidget*>(f);
+            },
+            {}};
+}
+
 } // namespace
 
 QList<Screen> screens()
@@ -79,6 +94,12 @@ QList<Screen> screens()
         screen<frmAno>("frmAno"),
         screen<frmCopiaPen>("frmCopiaPen"),
         screen<frmColor>("frmColor"),
+        screen<frmAlumnos>("frmAlumnos"),
+        child<frmAlumnos>("frmAlumnosFicha-nuevo", &frmAlumnos::cmdNovo_Click),
+        child<frmAlumnos>("frmAlumnosFicha-editar", &frmAlumnos::cmdEditar_Click),
+        atopar("frmAtopar-Alumnos", "Alumnos"),
+        atopar("frmAtopar-AlumnoTutoria", "AlumnoTutoria"),
+        screen<frmComunicacionRecibir>("frmComunicacionRecibir"),
     };
 }
 
