@@ -6,6 +6,7 @@
 #include "core/frmConfiguracion.h"
 #include "core/ui/MsgBox.h"
 #include "core/ui/RuntimeErrorBox.h"
+#include "assessment/frmTareas.h"
 #include "masterdata/frmAno.h"
 #include "masterdata/frmCursos.h"
 #include "masterdata/frmEvaluaciones.h"
@@ -220,6 +221,7 @@ void frmPrincipal::buildBands()
     connect(cmdConfiguracion, &QPushButton::clicked, this, &frmPrincipal::cmdConfiguracion_Click);
     connect(cmdTarvelo, &QPushButton::clicked, this, &frmPrincipal::cmdTarvelo_Click);
     connect(cmdAnos, &QPushButton::clicked, this, [this] { Abrir<frmAno>(); });
+    connect(cmdTareas, &QPushButton::clicked, this, [this] { Abrir<frmTareas>(); });
     connect(cmdAlumnos, &QPushButton::clicked, this, [this] { Abrir<frmAlumnos>(); });
     connect(cmdRecibirDatos, &QPushButton::clicked, this, [this] { Abrir<frmComunicacionRecibir>(); });
     connect(cmdCopiaSeg, &QPushButton::clicked, this, [this] { Abrir<frmCopiaPen>(); });

@@ -26,6 +26,17 @@ QPushButton* ui::commandButton(QWidget* form, const char* name, const QString& c
     return button;
 }
 
+QComboBox* ui::comboBox(QWidget* form, const char* name, int minimumChars)
+{
+    auto* box = new QComboBox(form);
+    box->setObjectName(QLatin1String(name));
+    if (minimumChars > 0) {
+        box->setMinimumContentsLength(minimumChars);
+        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    }
+    return box;
+}
+
 namespace {
 
 QLineEdit* addLine(QWidget* form, const char* name)

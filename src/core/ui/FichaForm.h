@@ -40,6 +40,9 @@ class QPushButton;
 namespace ui {
 // A command button named as its control, for the list and entry forms.
 QPushButton* commandButton(QWidget* form, const char* name, const QString& caption);
+// A combo box named as its control, wide enough for at least that many
+// characters when a number is given.
+QComboBox* comboBox(QWidget* form, const char* name, int minimumChars = 0);
 } // namespace ui
 
 class FichaForm : public Form {

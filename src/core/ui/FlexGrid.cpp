@@ -249,6 +249,12 @@ QTableWidgetItem* FlexGrid::cellForWrite(int row, int col)
     if (QTableWidgetItem* existing = cell(row, col))
         return existing;
     QTableWidgetItem* item = newItem(row, col);
+    attach(row, col, item);
+    return item;
+}
+
+void FlexGrid::attach(int row, int col, QTableWidgetItem* item)
+{
     if (row < top() && col < lead())
         corner_.reset(item);
     else if (row < top())
@@ -257,7 +263,52 @@ QTableWidgetItem* FlexGrid::cellForWrite(int row, int col)
         setVerticalHeaderItem(row - top(), item);
     else
         setItem(row - top(), col - lead(), item);
-    return item;
+}
+
+void FlexGrid::changeCell(int row, int col, const std::function<void(QTableWidgetItem*)>& change)
+{
+    QTableWidgetItem* existing = cell(row, col);
+    if (!existing) {
+        QTableWidgetItem* item = newItem(row, col);
+        change(item);
+        attach(row, col, item);
+        return;
+    }
+    const bool title = existing != corner_.get() && (row < top() || col < lead());
+    if (!title) {
+        change(existing);
+        return;
+    }
+    QTableWidgetItem* item = row < top() ? takeHorizontalHeaderItem(col - lead()) : takeVerticalHeaderItem(row - top());
+    change(item);
+    attach(row, col, item);
+}
+
+void FlexGrid::writeQuietly(int row1, int col1, int row2, int col2, const std::function<void()>& writes)
+{
+    QAbstractItemModel* m = model();
+    const bool wasBlocked = m->blockSignals(true);
+    auto announce = [&] {
+        m->blockSignals(wasBlocked);
+        if (wasBlocked || row2 < row1 || col2 < col1)
+            return;
+        // The body part of the block, then its titles.
+        const int r1 = std::max(row1, top()) - top(), r2 = row2 - top();
+        const int c1 = std::max(col1, lead()) - lead(), c2 = col2 - lead();
+        if (r1 <= r2 && c1 <= c2)
+            emit m->dataChanged(m->index(r1, c1), m->index(r2, c2));
+        if (col1 < lead() && r1 <= r2)
+            emit m->headerDataChanged(Qt::Vertical, r1, r2);
+        if (row1 < top() && c1 <= c2)
+            emit m->headerDataChanged(Qt::Horizontal, c1, c2);
+    };
+    try {
+        writes();
+    } catch (...) {
+        announce();
+        throw;
+    }
+    announce();
 }
 
 QString FlexGrid::TextMatrix(int row, int col) const
@@ -271,17 +322,19 @@ QString FlexGrid::TextMatrix(int row, int col) const
 
 void FlexGrid::setTextMatrix(int row, int col, const QString& text)
 {
-    QTableWidgetItem* item = cellForWrite(row, col);
-    if (text.contains(u'\r')) {
-        item->setData(RawTextRole, text);
-        item->setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).remove(u'\r'));
-    } else {
-        item->setData(RawTextRole, QVariant());
-        item->setText(text);
-    }
     const auto& alignments = isFixed(row, col) ? fixedAlignment_ : colAlignment_;
-    if (!alignments.contains(col) && !text.isEmpty())
-        item->setTextAlignment(Qt::AlignVCenter | (vb::IsNumeric(text) ? Qt::AlignRight : Qt::AlignLeft));
+    changeCell(row, col, [&](QTableWidgetItem* item) {
+        if (text.contains(u'\r')) {
+            item->setData(RawTextRole, text);
+            item->setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).remove(u'\r'));
+        } else {
+            if (item->data(RawTextRole).isValid())
+                item->setData(RawTextRole, QVariant());
+            item->setText(text);
+        }
+        if (!alignments.contains(col) && !text.isEmpty())
+            item->setTextAlignment(Qt::AlignVCenter | (vb::IsNumeric(text) ? Qt::AlignRight : Qt::AlignLeft));
+    });
 }
 
 int FlexGrid::Row() const

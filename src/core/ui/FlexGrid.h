@@ -17,6 +17,7 @@
 #include <QIcon>
 #include <QTableWidget>
 
+#include <functional>
 #include <memory>
 
 namespace db {
@@ -137,6 +138,17 @@ private:
     QTableWidgetItem* cell(int row, int col) const;
     QTableWidgetItem* cellForWrite(int row, int col);
     QTableWidgetItem* newItem(int row, int col) const;
+    // Puts a new or taken item in its place.
+    void attach(int row, int col, QTableWidgetItem* item);
+    // Changes the item of a cell, made when missing. A new item is changed
+    // before it goes in, and a title's item out of the table: the table
+    // looks for a changed title among all its titles.
+    void changeCell(int row, int col, const std::function<void(QTableWidgetItem*)>& change);
+    // Runs a burst of writes to the cells of a block that exists with the
+    // model's signals held back, then tells the view and its headers once
+    // that the block may have changed: cell by cell they would react to
+    // every write.
+    void writeQuietly(int row1, int col1, int row2, int col2, const std::function<void()>& writes);
     void ensureHeaderItems();
     void restyleFixedCells();
     void applyColWidth(int col);

@@ -9,9 +9,11 @@ void FlexGrid::setColAlignment(int col, Qt::Alignment alignment)
 {
     checkCell(0, col);
     colAlignment_[col] = alignment;
-    for (int r = fixedRows_; r < Rows(); ++r)
-        if (QTableWidgetItem* item = cell(r, col))
-            item->setTextAlignment(alignment);
+    writeQuietly(fixedRows_, col, Rows() - 1, col, [&] {
+        for (int r = fixedRows_; r < Rows(); ++r)
+            if (cell(r, col))
+                changeCell(r, col, [&](QTableWidgetItem* item) { item->setTextAlignment(alignment); });
+    });
 }
 
 void FlexGrid::setFixedAlignment(int col, Qt::Alignment alignment)
@@ -43,14 +45,16 @@ QColor FlexGrid::CellBackColor(int row, int col) const
 
 void FlexGrid::setCellBackColor(int row, int col, const QColor& color)
 {
-    cellForWrite(row, col)->setBackground(color);
+    changeCell(row, col, [&](QTableWidgetItem* item) { item->setBackground(color); });
 }
 
 void FlexGrid::setRangeBackColor(int row1, int col1, int row2, int col2, const QColor& color)
 {
-    for (int r = std::min(row1, row2); r <= std::max(row1, row2); ++r)
-        for (int c = std::min(col1, col2); c <= std::max(col1, col2); ++c)
-            setCellBackColor(r, c, color);
+    writeQuietly(std::min(row1, row2), std::min(col1, col2), std::max(row1, row2), std::max(col1, col2), [&] {
+        for (int r = std::min(row1, row2); r <= std::max(row1, row2); ++r)
+            for (int c = std::min(col1, col2); c <= std::max(col1, col2); ++c)
+                setCellBackColor(r, c, color);
+    });
 }
 
 QColor FlexGrid::CellForeColor(int row, int col) const

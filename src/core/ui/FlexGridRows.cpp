@@ -115,12 +115,14 @@ void FlexGrid::bindRecordset(db::Recordset& rs, int firstCol, bool rowNumbers)
         setTextMatrix(0, firstCol + f, rs.FieldName(f));
     if (records > 0) {
         rs.MoveFirst();
-        for (int r = 1; r <= records; ++r, rs.MoveNext()) {
-            if (rowNumbers)
-                setTextMatrix(r, 0, QString::number(r));
-            for (int f = 0; f < fields; ++f)
-                setTextMatrix(r, firstCol + f, cellText(rs.Value(f)));
-        }
+        writeQuietly(1, rowNumbers ? 0 : firstCol, records, fields + firstCol - 1, [&] {
+            for (int r = 1; r <= records; ++r, rs.MoveNext()) {
+                if (rowNumbers)
+                    setTextMatrix(r, 0, QString::number(r));
+                for (int f = 0; f < fields; ++f)
+                    setTextMatrix(r, firstCol + f, cellText(rs.Value(f)));
+            }
+        });
         if (saved >= 1)
             rs.SetAbsolutePosition(saved);
         else
@@ -138,16 +140,19 @@ void fillList(FlexGrid& grid, db::Recordset& rs, const QList<int>& widths, const
         grid.setRows(2);
         return;
     }
+    grid.setRedraw(false);
+    // The columns and their alignment before the rows, so that each cell is
+    // made aligned rather than aligned afterwards.
+    grid.setCols(rs.FieldCount() + 1);
+    for (int c = 0; c < grid.Cols(); ++c) {
+        grid.setColAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
+        grid.setFixedAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
+    }
     grid.bindRecordset(rs, 1, rowNumbers);
     for (int c = 0; c < widths.size() && c < grid.Cols(); ++c)
         grid.setColWidth(c, widths[c]);
     for (int c = 0; c < titles.size() && c < grid.Cols(); ++c)
         grid.setTextMatrix(0, c, titles[c]);
-    for (int c = 0; c < grid.Cols(); ++c) {
-        grid.setColAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-        grid.setFixedAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-    }
-    grid.setRedraw(false);
     stripeRows(grid, 1);
     grid.setRow(1);
     grid.setCol(1);

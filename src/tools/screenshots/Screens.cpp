@@ -8,6 +8,7 @@
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
+#include "assessment/frmTareas.h"
 #include "masterdata/frmAno.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmTareasTipos.h"
@@ -100,6 +101,10 @@ QList<Screen> screens()
         atopar("frmAtopar-Alumnos", "Alumnos"),
         atopar("frmAtopar-AlumnoTutoria", "AlumnoTutoria"),
         screen<frmComunicacionRecibir>("frmComunicacionRecibir"),
+        screen<frmTareas>("frmTareas"),
+        nuevo<frmTareas>("frmTareasFicha-nuevo"),
+        editar<frmTareas>("frmTareasFicha-editar"),
+        child<frmTareas>("frmEvaluar", &frmTareas::cmdEvaluacion_Click),
     };
 }
 
