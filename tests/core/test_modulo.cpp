@@ -1,4 +1,5 @@
 // The configuration readers and the opening of the session.
+#include "../support/RuntimeErrors.h"
 #include "../support/TempYear.h"
 #include "core/Modulo.h"
 #include "core/db/Schema.h"
@@ -17,16 +18,6 @@ void writeFile(const QString& path, const QByteArray& content)
     if (!f.open(QIODevice::WriteOnly))
         qFatal("cannot write %s", qPrintable(path));
     f.write(content);
-}
-
-int errorNumber(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // The report engine without its viewers: selection formulas, the report file
 // format, value formats, data shaping, parameters, the location of the data
 // and the installed files.
+#include "../support/RuntimeErrors.h"
 #include "ReportFixture.h"
 #include "core/Modulo.h"
 #include "core/db/Connection.h"
@@ -18,16 +19,6 @@
 using namespace reports;
 
 namespace {
-
-int errorNumber(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
 
 // The rows a condition selects, run through the dialect on a year.
 int countStudents(const QString& yearPath, const QString& condition)

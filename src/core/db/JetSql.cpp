@@ -522,6 +522,14 @@ private:
         return s;
     }
 
+    // A SELECT inside another statement; it assembles its own clauses apart.
+    void subquery()
+    {
+        QString sub;
+        select().assemble(sub);
+        out_ += sub;
+    }
+
     void selectItem(bool& aggregate)
     {
         if (acceptOp(u'*')) {
@@ -606,9 +614,7 @@ private:
         if (acceptOp(u'(')) {
             out_ += u'(';
             if (is(Kw::Select)) {
-                QString sub;
-                select().assemble(sub);
-                out_ += sub;
+                subquery();
                 expectOp(u')');
                 out_ += u')';
                 if (accept(Kw::As) || atName()) {
@@ -716,9 +722,7 @@ private:
             out_ += u')';
         } else if (is(Kw::Select)) {
             out_ += u' ';
-            QString sub;
-            select().assemble(sub);
-            out_ += sub;
+            subquery();
         } else {
             syntaxError(QStringLiteral("se esperaba VALUES o SELECT"), peek().pos);
         }
@@ -883,9 +887,7 @@ private:
                 out_ += neg;
                 out_ += QLatin1String("IN (");
                 if (is(Kw::Select)) {
-                    QString sub;
-                    select().assemble(sub);
-                    out_ += sub;
+                    subquery();
                 } else {
                     bool first = true;
                     do {
@@ -1012,13 +1014,10 @@ private:
         case Tok::Op:
             if (acceptOp(u'(')) {
                 out_ += u'(';
-                if (is(Kw::Select)) {
-                    QString sub;
-                    select().assemble(sub);
-                    out_ += sub;
-                } else {
+                if (is(Kw::Select))
+                    subquery();
+                else
                     e.aggregate = expression().aggregate;
-                }
                 expectOp(u')');
                 out_ += u')';
                 return e;

@@ -1,5 +1,6 @@
 // The client-side cursor: counts, positions, moves, Find, and edits written
 // back to the base table.
+#include "../../support/RuntimeErrors.h"
 #include "../../support/TempYear.h"
 #include "core/db/Recordset.h"
 #include "core/vb/RuntimeError.h"
@@ -11,16 +12,6 @@
 using db::Recordset;
 
 namespace {
-
-int errorNumber(const std::function<void()>& f)
-{
-    try {
-        f();
-    } catch (const RuntimeError& e) {
-        return e.Number();
-    }
-    return 0;
-}
 
 QVariant value(const db::ConnectionPtr& cn, const QString& sql)
 {
