@@ -29,7 +29,7 @@ using Shape = LargeYearShape;
 
 // Bump when the content changes, so that a cached year of an older generator
 // is not reused.
-constexpr int kGeneratorVersion = 2;
+constexpr int kGeneratorVersion = 4;
 constexpr quint64 kSeed = 0x43414445524e4941ull;
 
 using Random = setup::demo::Random;

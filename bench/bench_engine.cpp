@@ -151,8 +151,10 @@ QString statementText(Statement s)
 void BM_TranslateStatement(benchmark::State& state, Statement which)
 {
     const QString text = statementText(which);
+    db::JetSql::Options options;
+    options.rowids = true;
     run(state, [&] {
-        db::Translation t = db::JetSql::translate(text, db::JetSql::Options{true});
+        db::Translation t = db::JetSql::translate(text, options);
         benchmark::DoNotOptimize(t.sql.constData());
     });
     state.counters["chars"] = text.size();

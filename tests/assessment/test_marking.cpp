@@ -37,8 +37,7 @@ const QString kCabecera =
 // column shows the button face when it has none).
 bool coloured(const FlexGrid& g, int r)
 {
-    const QTableWidgetItem* item = g.verticalHeaderItem(r - 1);
-    return item && item->background().style() != Qt::NoBrush;
+    return g.hasCellBackColor(r, 0);
 }
 
 QStringList statistics(const frmEvaluar& f)

@@ -56,13 +56,16 @@ inline QString cells(const FlexGrid& grid, int row, int from = 0, int to = -1)
     return texts.join(QStringLiteral(" | "));
 }
 
-// A double click on a body cell, by the grid's own row and column numbers.
+// A double click on a body cell, by the grid's own row and column numbers:
+// press and release, then the double click and its release, as a mouse sends them.
 inline void doubleClickCell(FlexGrid* grid, int row, int col)
 {
     const QModelIndex index = grid->model()->index(row - 1, col - 1);
     grid->scrollTo(index);
     const QPoint centre = grid->visualRect(index).center();
+    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, centre);
     QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseRelease(grid->viewport(), Qt::LeftButton, {}, centre);
 }
 
 inline void pressEnter(QWidget* widget)

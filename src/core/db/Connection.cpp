@@ -1,6 +1,7 @@
 #include "core/db/Connection.h"
 
 #include "core/db/SqlFunctions.h"
+#include "core/db/SqlValue.h"
 #include "core/vb/RuntimeError.h"
 
 #include <QFile>
@@ -124,7 +125,26 @@ const Translation& Connection::Translate(const QString& statement, bool rowids)
         return *it;
     if (cache.size() >= kMaxCachedTranslations)
         cache.clear();
-    return *cache.insert(statement, JetSql::translate(statement, JetSql::Options{rowids}));
+    JetSql::Options options;
+    options.rowids = rowids;
+    options.isDateColumn = [this](const QString& table, const QString& column) { return isDateColumn(table, column); };
+    return *cache.insert(statement, JetSql::translate(statement, options));
+}
+
+bool Connection::isDateColumn(const QString& table, const QString& column)
+{
+    auto key = [](QStringView t, QStringView c) { return (t.toString() + u'.' + c.toString()).toLower(); };
+    if (!dateColumns_) {
+        dateColumns_.emplace();
+        sqlite3_stmt* stmt = Prepare(QStringLiteral("SELECT m.name, p.name, p.type FROM sqlite_master AS m JOIN "
+                                                    "pragma_table_info(m.name) AS p WHERE m.type = 'table'"));
+        auto text = [stmt](int col) { return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, col))); };
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            if (columnTypeFromDecl(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 2))) == ColumnType::Date)
+                dateColumns_->insert(key(text(0), text(1)));
+        sqlite3_reset(stmt);
+    }
+    return dateColumns_->contains(key(table, column));
 }
 
 sqlite3_stmt* Connection::Prepare(const QString& sqliteText)

@@ -4,8 +4,10 @@
 #include "core/db/JetSql.h"
 
 #include <QHash>
+#include <QSet>
 #include <QString>
 #include <memory>
+#include <optional>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -49,11 +51,15 @@ private:
     explicit Connection(const QString& path);
     void openFile(bool create);
     void clearCache();
+    // Whether table.column is declared a date; the year's schema is read
+    // once, at the first question.
+    bool isDateColumn(const QString& table, const QString& column);
 
     QString path_;
     sqlite3* db_ = nullptr;
     QHash<QString, sqlite3_stmt*> statements_;
     QHash<QString, Translation> translations_[2];
+    std::optional<QSet<QString>> dateColumns_; // "table.column", lower case
 };
 
 using ConnectionPtr = std::shared_ptr<Connection>;

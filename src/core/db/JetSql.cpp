@@ -2,6 +2,7 @@
 
 #include "core/vb/RuntimeError.h"
 
+#include <QRegularExpression>
 #include <QSet>
 #include <QVarLengthArray>
 
@@ -339,6 +340,7 @@ public:
 
     Translation statement(const JetSql::Options& options)
     {
+        isDateColumn_ = options.isDateColumn;
         Translation t;
         switch (peek().kw) {
         case Kw::Select:
@@ -370,6 +372,7 @@ private:
     QVarLengthArray<Token, 256> toks_;
     int p_ = 0;
     QString out_;
+    std::function<bool(const QString&, const QString&)> isDateColumn_;
     int exprCounter_ = 1000;
     int nesting_ = 0;
 
@@ -554,14 +557,25 @@ private:
     void orderItem()
     {
         const Expr e = expression();
-        // A bare number is a column position; everything else sorts as the
-        // database does: case-insensitive, Spanish alphabet.
-        if (!e.numberLiteral)
+        // A bare number is a column position; a date column sorts as stored;
+        // everything else sorts as the database does: case-insensitive,
+        // Spanish alphabet.
+        if (!e.numberLiteral && !dateColumn(e))
             out_ += kCollate;
         if (accept(Kw::Desc))
             out_ += QLatin1String(" DESC");
         else
             accept(Kw::Asc);
+    }
+
+    // A qualified reference, "table"."column", to a column declared a date.
+    bool dateColumn(const Expr& e) const
+    {
+        if (!e.columnRef || !isDateColumn_)
+            return false;
+        static const QRegularExpression qualified(QStringLiteral("^\"([^\"]+)\"\\.\"([^\"]+)\"$"));
+        const auto m = qualified.match(QStringView(out_).mid(e.start));
+        return m.hasMatch() && isDateColumn_(m.captured(1), m.captured(2));
     }
 
     template <typename Tables>

@@ -9,6 +9,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace db {
 
 struct Translation {
@@ -29,6 +31,11 @@ public:
         // recordset can write its edits back. Ignored where rows are not
         // single table rows (GROUP BY, DISTINCT, aggregates, UNION).
         bool rowids = false;
+        // Whether table.column is declared a date. Dates are kept as ISO
+        // text, whose plain order is already the order of the dates, so an
+        // ORDER BY on such a column goes without the collation and can walk
+        // an index of the column. Without it every ORDER BY term is collated.
+        std::function<bool(const QString& table, const QString& column)> isDateColumn;
     };
 
     // Throws RuntimeError (syntax) when the text is not a statement of the dialect.

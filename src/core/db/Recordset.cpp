@@ -225,6 +225,43 @@ void Recordset::requireOpen() const
         closedRecordset();
 }
 
+void Recordset::Rows::reset(int width, int keyWidth)
+{
+    width_ = width;
+    keyWidth_ = keyWidth;
+    count_ = 0;
+    values_.clear();
+    keys_.clear();
+}
+
+QVariant* Recordset::Rows::append()
+{
+    values_.resize(values_.size() + size_t(width_));
+    keys_.resize(keys_.size() + size_t(keyWidth_), 0);
+    ++count_;
+    return values(count_ - 1);
+}
+
+void Recordset::Rows::removeAt(int row)
+{
+    const auto v = values_.begin() + ptrdiff_t(row) * width_;
+    values_.erase(v, v + width_);
+    const auto k = keys_.begin() + ptrdiff_t(row) * keyWidth_;
+    keys_.erase(k, k + keyWidth_);
+    --count_;
+}
+
+void Recordset::Rows::widen(int width)
+{
+    if (width <= width_)
+        return;
+    std::vector<QVariant> wider(size_t(count_) * size_t(width));
+    for (int r = 0; r < count_; ++r)
+        std::move(values(r), values(r) + width_, wider.begin() + ptrdiff_t(r) * width);
+    values_ = std::move(wider);
+    width_ = width;
+}
+
 void Recordset::requireCurrent() const
 {
     requireOpen();
@@ -268,7 +305,7 @@ void Recordset::Close()
     columns_.clear();
     tables_.clear();
     uniqueTable_ = -1;
-    rows_.clear();
+    rows_.reset(0, 0);
     dirty_.clear();
     pos_ = 0;
     onDeleted_ = false;
@@ -309,20 +346,20 @@ void Recordset::fetch(const Translation& t)
         index_.insert(names_[i].toLower(), i);
     }
     takeFunctionErrorNumber();
+    std::vector<TextCache> texts(visible.size());
+    rows_.reset(int(visible.size()), int(keyColumns.size()));
     int rc;
     while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
-        Row row;
-        row.values.reserve(visible.size());
+        QVariant* values = rows_.append();
         for (int i = 0; i < visible.size(); ++i)
-            row.values << columnValue(stmt, visible[i], columns_[i].type);
-        row.keys.reserve(keyColumns.size());
-        for (int k : std::as_const(keyColumns))
-            row.keys << sqlite3_column_int64(stmt, k);
-        rows_ << std::move(row);
+            values[i] = columnValue(stmt, visible[i], columns_[i].type, &texts[i]);
+        qint64* keys = rows_.keys(rows_.size() - 1);
+        for (int k = 0; k < keyColumns.size(); ++k)
+            keys[k] = sqlite3_column_int64(stmt, keyColumns[k]);
     }
     if (rc != SQLITE_DONE) {
         sqlite3_reset(stmt);
-        rows_.clear();
+        rows_.reset(0, 0);
         cn_->Fail();
     }
     sqlite3_reset(stmt);
@@ -347,20 +384,21 @@ void Recordset::fetchPivot(const Translation& t)
     QVector<Cell> cells;
     QHash<QString, int> rowOf; // row headings -> row
     takeFunctionErrorNumber();
+    rows_.reset(heads, 0);
     int rc;
     while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
-        Row row;
+        QVector<QVariant> row;
         QString key;
         for (int i = 0; i < heads; ++i) {
-            row.values << columnValue(stmt, i, ColumnType::Any);
-            key += row.values.last().toString() + QChar(0x1F) + (row.values.last().isNull() ? u'n' : u'v');
+            row << columnValue(stmt, i, ColumnType::Any);
+            key += row.last().toString() + QChar(0x1F) + (row.last().isNull() ? u'n' : u'v');
         }
         auto it = rowOf.constFind(key);
         int r;
         if (it == rowOf.constEnd()) {
             r = rows_.size();
             rowOf.insert(key, r);
-            rows_ << std::move(row);
+            std::move(row.begin(), row.end(), rows_.append());
         } else {
             r = *it;
         }
@@ -368,7 +406,7 @@ void Recordset::fetchPivot(const Translation& t)
     }
     if (rc != SQLITE_DONE) {
         sqlite3_reset(stmt);
-        rows_.clear();
+        rows_.reset(0, 0);
         cn_->Fail();
     }
     sqlite3_reset(stmt);
@@ -399,12 +437,11 @@ void Recordset::fetchPivot(const Translation& t)
         names_ << h;
         columns_ << Column{};
     }
-    for (Row& row : rows_)
-        row.values.resize(names_.size());
+    rows_.widen(names_.size());
     for (const Cell& c : std::as_const(cells)) {
         auto it = columnOf.constFind(pivotHeading(c.pivot));
         if (it != columnOf.constEnd())
-            rows_[c.row].values[*it] = c.value;
+            rows_.values(c.row)[*it] = c.value;
     }
     for (int i = 0; i < names_.size(); ++i)
         index_.insert(names_[i].toLower(), i);
@@ -506,7 +543,7 @@ void Recordset::Find(const QString& criteria)
     int start = pos_ < 0 ? 0 : pos_;
     onDeleted_ = false;
     for (int r = start; r < rows_.size(); ++r) {
-        if (matches(rows_[r].values[col], c)) {
+        if (matches(rows_.values(r)[col], c)) {
             pos_ = r;
             return;
         }
@@ -553,7 +590,15 @@ QVariant Recordset::Value(int index) const
     requireCurrent();
     if (index < 0 || index >= names_.size())
         badArgument();
-    return rows_[pos_].values[index];
+    return rows_.values(pos_)[index];
+}
+
+const QVariant& Recordset::ValueAt(int position, int index) const
+{
+    requireOpen();
+    if (position < 1 || position > rows_.size() || index < 0 || index >= names_.size())
+        badArgument();
+    return rows_.values(position - 1)[index];
 }
 
 void Recordset::SetValue(const QString& name, const QVariant& value) { SetValue(columnIndex(name), value); }
@@ -566,7 +611,7 @@ void Recordset::SetValue(int index, const QVariant& value)
     const Column& c = columns_[index];
     if (c.table.isEmpty() || tableIndex(c.table) < 0)
         readOnlyField(names_[index]);
-    rows_[pos_].values[index] = coerce(value, c.type);
+    rows_.values(pos_)[index] = coerce(value, c.type);
     dirty_[index] = true;
     if (editing_ == EditMode::None)
         editing_ = EditMode::Edit;
@@ -587,10 +632,7 @@ void Recordset::AddNew()
     if (tables_.isEmpty())
         throw RuntimeError(RuntimeError::DatabaseError,
                            QStringLiteral("No se pueden agregar filas a este conjunto de registros."));
-    Row row;
-    row.values.resize(names_.size());
-    row.keys.fill(0, tables_.size());
-    rows_ << row;
+    rows_.append();
     pos_ = rows_.size() - 1;
     onDeleted_ = false;
     editing_ = EditMode::Add;
@@ -615,13 +657,12 @@ void Recordset::CancelUpdate()
 {
     requireOpen();
     if (editing_ == EditMode::Add) {
-        rows_.removeLast();
+        rows_.removeAt(rows_.size() - 1);
         pos_ = rows_.size();
     } else if (editing_ == EditMode::Edit) {
-        Row& row = rows_[pos_];
         for (int t = 0; t < tables_.size(); ++t)
-            if (row.keys[t])
-                refetchRow(row, t);
+            if (rows_.keys(pos_)[t])
+                refetchRow(pos_, t);
     }
     editing_ = EditMode::None;
     dirty_.fill(false, names_.size());
@@ -648,7 +689,7 @@ void stepCommand(Connection& cn, sqlite3_stmt* stmt)
 
 void Recordset::writeInsert()
 {
-    Row& row = rows_[pos_];
+    const QVariant* values = rows_.values(pos_);
     // The new row belongs to the table of the fields that were given.
     int table = -1;
     for (int i = 0; i < names_.size(); ++i) {
@@ -676,15 +717,16 @@ void Recordset::writeInsert()
                                              .arg(tables_[table], cols.join(u','), marks.join(u','));
     sqlite3_stmt* stmt = cn_->Prepare(sql);
     for (int k = 0; k < fields.size(); ++k)
-        bindValue(stmt, k + 1, row.values[fields[k]]);
+        bindValue(stmt, k + 1, values[fields[k]]);
     stepCommand(*cn_, stmt);
-    row.keys[table] = sqlite3_last_insert_rowid(cn_->Handle());
-    refetchRow(row, table); // defaults of the columns not given
+    rows_.keys(pos_)[table] = sqlite3_last_insert_rowid(cn_->Handle());
+    refetchRow(pos_, table); // defaults of the columns not given
 }
 
 void Recordset::writeUpdate()
 {
-    Row& row = rows_[pos_];
+    const QVariant* values = rows_.values(pos_);
+    const qint64* keys = rows_.keys(pos_);
     const bool several = [&] {
         int first = -1;
         for (int i = 0; i < names_.size(); ++i) {
@@ -711,13 +753,13 @@ void Recordset::writeUpdate()
             }
             if (fields.isEmpty())
                 continue;
-            if (!row.keys[t])
+            if (!keys[t])
                 noCurrentRecord();
             sqlite3_stmt* stmt =
                 cn_->Prepare(QStringLiteral("UPDATE \"%1\" SET %2 WHERE rowid = ?").arg(tables_[t], sets.join(u',')));
             for (int k = 0; k < fields.size(); ++k)
-                bindValue(stmt, k + 1, row.values[fields[k]]);
-            sqlite3_bind_int64(stmt, fields.size() + 1, row.keys[t]);
+                bindValue(stmt, k + 1, values[fields[k]]);
+            sqlite3_bind_int64(stmt, fields.size() + 1, keys[t]);
             stepCommand(*cn_, stmt);
         }
     } catch (...) {
@@ -729,7 +771,7 @@ void Recordset::writeUpdate()
         cn_->ExecuteNative(QStringLiteral("RELEASE recordset_update"));
 }
 
-void Recordset::refetchRow(Row& row, int table)
+void Recordset::refetchRow(int row, int table)
 {
     QStringList cols;
     QVector<int> fields;
@@ -743,10 +785,10 @@ void Recordset::refetchRow(Row& row, int table)
         return;
     sqlite3_stmt* stmt =
         cn_->Prepare(QStringLiteral("SELECT %1 FROM \"%2\" WHERE rowid = ?").arg(cols.join(u','), tables_[table]));
-    sqlite3_bind_int64(stmt, 1, row.keys[table]);
+    sqlite3_bind_int64(stmt, 1, rows_.keys(row)[table]);
     if (sqlite3_step(stmt) == SQLITE_ROW)
         for (int k = 0; k < fields.size(); ++k)
-            row.values[fields[k]] = columnValue(stmt, k, columns_[fields[k]].type);
+            rows_.values(row)[fields[k]] = columnValue(stmt, k, columns_[fields[k]].type);
     sqlite3_reset(stmt);
 }
 
@@ -761,12 +803,12 @@ void Recordset::Delete()
     dirty_.fill(false, names_.size());
     // Only the first table of the statement loses the row; a join never
     // deletes from the tables it looks up.
-    if (uniqueTable_ < 0 || !rows_[pos_].keys[uniqueTable_])
+    if (uniqueTable_ < 0 || !rows_.keys(pos_)[uniqueTable_])
         throw RuntimeError(RuntimeError::DatabaseError,
                            QStringLiteral("No se pueden eliminar filas de este conjunto de registros."));
     sqlite3_stmt* stmt =
         cn_->Prepare(QStringLiteral("DELETE FROM \"%1\" WHERE rowid = ?").arg(tables_[uniqueTable_]));
-    sqlite3_bind_int64(stmt, 1, rows_[pos_].keys[uniqueTable_]);
+    sqlite3_bind_int64(stmt, 1, rows_.keys(pos_)[uniqueTable_]);
     stepCommand(*cn_, stmt);
     rows_.removeAt(pos_);
     onDeleted_ = true;

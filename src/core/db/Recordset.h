@@ -12,6 +12,8 @@
 #include <QVariant>
 #include <QVector>
 
+#include <vector>
+
 namespace db {
 
 class Recordset;
@@ -75,6 +77,9 @@ public:
     Field Fields(int index);
     QVariant Value(const QString& name) const;
     QVariant Value(int index) const;
+    // A field of any row (1-based) read where it lies, without moving: for
+    // filling a grid from the whole recordset.
+    const QVariant& ValueAt(int position, int index) const;
     void SetValue(const QString& name, const QVariant& value);
     void SetValue(int index, const QVariant& value);
 
@@ -92,9 +97,29 @@ private:
         QString origin; // column name in that table
         ColumnType type = ColumnType::Any;
     };
-    struct Row {
-        QVector<QVariant> values;
-        QVector<qint64> keys; // rowid per base table in tables_ (0: none)
+    // The rows as one run of values and one of keys, row after row: no
+    // allocation per row.
+    class Rows {
+    public:
+        void reset(int width, int keyWidth);
+        int size() const { return count_; }
+        bool isEmpty() const { return count_ == 0; }
+        QVariant* values(int row) { return values_.data() + size_t(row) * size_t(width_); }
+        const QVariant* values(int row) const { return values_.data() + size_t(row) * size_t(width_); }
+        // rowid per base table in tables_ (0: none)
+        qint64* keys(int row) { return keys_.data() + size_t(row) * size_t(keyWidth_); }
+        // A row of Nulls and no keys at the end; its values.
+        QVariant* append();
+        void removeAt(int row);
+        // More fields to every row, Null.
+        void widen(int width);
+
+    private:
+        int width_ = 0;
+        int keyWidth_ = 0;
+        int count_ = 0;
+        std::vector<QVariant> values_;
+        std::vector<qint64> keys_;
     };
 
     void requireOpen() const;
@@ -105,7 +130,7 @@ private:
     void saveIfEdited();
     void writeInsert();
     void writeUpdate();
-    void refetchRow(Row& row, int tableIndex);
+    void refetchRow(int row, int tableIndex);
     int tableIndex(const QString& table) const;
 
     ConnectionPtr cn_;
@@ -116,7 +141,7 @@ private:
     QVector<Column> columns_;
     QStringList tables_; // writable base tables, in FROM order
     int uniqueTable_ = -1; // the first table of the FROM: the one Delete removes rows from
-    QVector<Row> rows_;
+    Rows rows_;
     int pos_ = 0;        // 0-based current row; -1 BOF; rows_.size() EOF
     bool onDeleted_ = false;
     EditMode editing_ = EditMode::None;

@@ -187,6 +187,9 @@ CREATE INDEX ixNotasAlumno ON tblNotas (IdAlu);
 CREATE INDEX ixNotasEvalAlumno ON tblNotasEval (IdAlu);
 CREATE INDEX ixNotasFinalAlumno ON tblNotasFinal (IdAlu);
 CREATE INDEX ixTareasGrupo ON tblTareas (IdGru);
+-- The task list, newest first, walks this backwards instead of sorting;
+-- tasks of the same day come in the order they were added.
+CREATE INDEX ixTareasFecIni ON tblTareas (FecIni, Id DESC);
 CREATE INDEX ixAlumnosGrupo ON tblAlumnos (Grupo);
 CREATE INDEX ixNotasRubricaNota ON tblNotasRubrica (IdNota);
 CREATE INDEX ixTareasRubricaTarea ON tblTareasRubrica (IdTarea);

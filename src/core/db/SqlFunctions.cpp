@@ -10,6 +10,7 @@
 #include <QDateTime>
 #include <QLocale>
 #include <QTime>
+#include <QVarLengthArray>
 #include <sqlite3.h>
 
 #include <cmath>
@@ -56,8 +57,35 @@ QString joinText(const QVariant& v)
 }
 
 // a & b & ...: a Null operand counts as "", all Null gives Null.
+// Texts and Nulls alone are joined as they are stored, byte by byte.
+bool concatTexts(sqlite3_context* ctx, int argc, sqlite3_value** argv)
+{
+    for (int i = 0; i < argc; ++i) {
+        const int type = sqlite3_value_type(argv[i]);
+        if (type != SQLITE_TEXT && type != SQLITE_NULL)
+            return false;
+    }
+    QVarLengthArray<char, 256> out;
+    bool any = false;
+    for (int i = 0; i < argc; ++i) {
+        if (sqlite3_value_type(argv[i]) == SQLITE_NULL)
+            continue;
+        any = true;
+        // As a blob the text is read where it lies, with no terminator added.
+        const char* text = static_cast<const char*>(sqlite3_value_blob(argv[i]));
+        out.append(text, sqlite3_value_bytes(argv[i]));
+    }
+    if (any)
+        sqlite3_result_text(ctx, out.constData(), int(out.size()), SQLITE_TRANSIENT);
+    else
+        sqlite3_result_null(ctx);
+    return true;
+}
+
 void jetConcat(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
+    if (concatTexts(ctx, argc, argv))
+        return;
     guarded(ctx, [&] {
         QString out;
         bool any = false;
@@ -145,7 +173,7 @@ bool quickFormat(sqlite3_context* ctx, sqlite3_value* value, sqlite3_value* form
 {
     if (sqlite3_value_type(value) != SQLITE_TEXT || sqlite3_value_type(format) != SQLITE_TEXT)
         return false;
-    const char* s = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    const char* s = static_cast<const char*>(sqlite3_value_blob(value)); // no terminator needed
     const int n = sqlite3_value_bytes(value);
     const char* f = reinterpret_cast<const char*>(sqlite3_value_text(format));
     if (std::strcmp(f, "dd/MM/yyyy") == 0 && (isIsoDate(s, n) || (n == 19 && isIsoDate(s, 10)))) {

@@ -5,6 +5,7 @@
 #include <QTime>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cstring>
 
 namespace db {
@@ -27,10 +28,42 @@ ColumnType columnTypeFromDecl(const char* decl)
     return ColumnType::Text;
 }
 
-static QString textOf(sqlite3_stmt* stmt, int col)
+size_t TextCache::slotOf(const char* bytes, int size)
 {
-    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, col)),
-                             sqlite3_column_bytes(stmt, col));
+    const int n = std::min(size, 8);
+    quint64 head = 0, tail = 0;
+    std::memcpy(&head, bytes, size_t(n));
+    std::memcpy(&tail, bytes + size - n, size_t(n));
+    const quint64 h = (head * 0x9E3779B97F4A7C15ull) ^ (tail * 0xC2B2AE3D27D4EB4Full) ^ quint64(size);
+    return size_t(h >> 40) % kSlots;
+}
+
+QVariant TextCache::text(const char* bytes, int size)
+{
+    if (size > kMaxBytes || (misses_ > int(kSlots) && misses_ > hits_))
+        return QString::fromUtf8(bytes, size);
+    if (slots_.empty())
+        slots_.resize(kSlots);
+    Slot& slot = slots_[slotOf(bytes, size)];
+    if (slot.value.isValid() && slot.bytes.size() == size_t(size) && std::memcmp(slot.bytes.data(), bytes, size_t(size)) == 0) {
+        ++hits_;
+        return slot.value;
+    }
+    ++misses_;
+    slot.bytes.assign(bytes, size_t(size));
+    slot.value = QString::fromUtf8(bytes, size);
+    return slot.value;
+}
+
+static QVariant textOf(sqlite3_stmt* stmt, int col, TextCache* cache)
+{
+    // Read as a blob, a text comes as it is stored, without SQLite copying it
+    // to add a terminator.
+    const char* bytes = static_cast<const char*>(sqlite3_column_blob(stmt, col));
+    const int size = sqlite3_column_bytes(stmt, col);
+    if (!bytes)
+        bytes = ""; // an empty text is empty, not missing
+    return cache ? cache->text(bytes, size) : QVariant(QString::fromUtf8(bytes, size));
 }
 
 static QVariant integerValue(sqlite3_int64 v)
@@ -75,7 +108,7 @@ QVariant dateFromIso(const QVariant& v)
     return v;
 }
 
-QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type)
+QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type, TextCache* cache)
 {
     const int storage = sqlite3_column_type(stmt, col);
     if (storage == SQLITE_NULL)
@@ -85,20 +118,20 @@ QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type)
         return QVariant(sqlite3_column_int64(stmt, col) != 0);
     case ColumnType::Single:
         if (storage == SQLITE_TEXT)
-            return textOf(stmt, col);
+            return textOf(stmt, col, cache);
         return QVariant(float(sqlite3_column_double(stmt, col)));
     case ColumnType::Double:
         if (storage == SQLITE_TEXT)
-            return textOf(stmt, col);
+            return textOf(stmt, col, cache);
         return QVariant(sqlite3_column_double(stmt, col));
     case ColumnType::Date:
-        return storage == SQLITE_TEXT ? dateFromIso(textOf(stmt, col)) : QVariant(sqlite3_column_double(stmt, col));
+        return storage == SQLITE_TEXT ? dateFromIso(textOf(stmt, col, cache)) : QVariant(sqlite3_column_double(stmt, col));
     case ColumnType::Integer:
         if (storage == SQLITE_INTEGER)
             return integerValue(sqlite3_column_int64(stmt, col));
         break;
     case ColumnType::Text:
-        return textOf(stmt, col);
+        return textOf(stmt, col, cache);
     case ColumnType::Any:
         break;
     }
@@ -110,7 +143,7 @@ QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type)
     case SQLITE_BLOB:
         return QByteArray(reinterpret_cast<const char*>(sqlite3_column_blob(stmt, col)), sqlite3_column_bytes(stmt, col));
     default:
-        return textOf(stmt, col);
+        return textOf(stmt, col, cache);
     }
 }
 

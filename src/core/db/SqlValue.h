@@ -5,6 +5,9 @@
 // a Single column comes back as float.
 #include <QVariant>
 
+#include <string>
+#include <vector>
+
 struct sqlite3_stmt;
 struct sqlite3_value;
 struct sqlite3_context;
@@ -16,8 +19,31 @@ enum class ColumnType { Any, Integer, Boolean, Single, Double, Date, Text };
 // From a declared type of the schema ("INTEGER", "BOOLEAN", "FLOAT", "DATE", "VARCHAR(50)" ...).
 ColumnType columnTypeFromDecl(const char* decl);
 
+// The short texts of one column lately read, given back shared instead of
+// decoded anew: a list repeats its groups, subjects and dates row after row.
+// A slot per text by a hash of its ends; a text that finds its slot taken by
+// another is decoded and takes the slot.
+class TextCache {
+public:
+    QVariant text(const char* bytes, int size);
+
+private:
+    static constexpr size_t kSlots = 512;
+    static constexpr int kMaxBytes = 64;
+    struct Slot {
+        std::string bytes;
+        QVariant value;
+    };
+    static size_t slotOf(const char* bytes, int size);
+    std::vector<Slot> slots_;
+    // A column that mostly misses (descriptions, remarks) stops looking.
+    int hits_ = 0;
+    int misses_ = 0;
+};
+
 // The value of a column of the current row, typed by the column's type.
-QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type);
+// Texts go through `cache` when one is given.
+QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type, TextCache* cache = nullptr);
 
 // A user function's argument, untyped: integer, double, text or Null.
 QVariant argumentValue(sqlite3_value* value);

@@ -4,6 +4,7 @@
 #include "core/vb/RuntimeError.h"
 #include "core/vb/Vb.h"
 
+#include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -11,13 +12,54 @@
 
 #include <algorithm>
 
-namespace {
+// The grid's cells as the view sees them: the body holds the non-header
+// cells, the horizontal header row 0 and the vertical header column 0.
+class FlexGridModel : public QAbstractTableModel {
+public:
+    explicit FlexGridModel(FlexGrid* grid) : QAbstractTableModel(grid), grid_(grid) {}
 
-// The text as written, when it differs from the one displayed ("\r\n" shows as
-// a line break).
-constexpr int RawTextRole = Qt::UserRole + 1;
+    int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : int(grid_->lines_.size()) - grid_->top();
+    }
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : grid_->cols_ - grid_->lead();
+    }
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        return grid_->cellData(index.row() + grid_->top(), index.column() + grid_->lead(), role);
+    }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        const bool shown = orientation == Qt::Horizontal ? grid_->top() > 0 : grid_->lead() > 0;
+        if (!shown)
+            return role == Qt::DisplayRole ? QVariant(QString()) : QVariant();
+        if (orientation == Qt::Horizontal)
+            return grid_->cellData(0, section + grid_->lead(), role);
+        return grid_->cellData(section + grid_->top(), 0, role);
+    }
+    Qt::ItemFlags flags(const QModelIndex& index) const override
+    {
+        if (!index.isValid())
+            return Qt::NoItemFlags;
+        return grid_->isFixed(index.row() + grid_->top(), index.column() + grid_->lead())
+                   ? Qt::ItemIsEnabled
+                   : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
+    }
 
-} // namespace
+    using QAbstractTableModel::beginInsertColumns;
+    using QAbstractTableModel::beginInsertRows;
+    using QAbstractTableModel::beginRemoveColumns;
+    using QAbstractTableModel::beginRemoveRows;
+    using QAbstractTableModel::endInsertColumns;
+    using QAbstractTableModel::endInsertRows;
+    using QAbstractTableModel::endRemoveColumns;
+    using QAbstractTableModel::endRemoveRows;
+
+private:
+    FlexGrid* grid_;
+};
 
 // A header whose thickness (the fixed column's width, the title row's height)
 // can be set exactly instead of following its contents.
@@ -34,12 +76,25 @@ public:
     }
 };
 
+size_t FlexGrid::FormatHash::operator()(const Format& f) const
+{
+    return qHashMulti(0, f.alignment ? int(*f.alignment) : -1, f.back.isValid() ? f.back.rgba() : 0u,
+                      f.fore.isValid() ? f.fore.rgba() : 0u, f.bold, f.points, f.picture);
+}
+
 FlexGrid::FlexGrid(QWidget* parent)
-    : QTableWidget(parent), topHeader_(new FlexGridHeader(Qt::Horizontal, this)),
+    : QTableView(parent), model_(new FlexGridModel(this)), topHeader_(new FlexGridHeader(Qt::Horizontal, this)),
       leftHeader_(new FlexGridHeader(Qt::Vertical, this))
 {
+    // Two rows and two columns, one of each fixed.
+    cols_ = 2;
+    lines_.assign(2, Line(cols_));
+    formats_.push_back(Format{});
+    formatIndex_.emplace(Format{}, 0);
+
     setHorizontalHeader(topHeader_);
     setVerticalHeader(leftHeader_);
+    setModel(model_);
     for (QHeaderView* h : {static_cast<QHeaderView*>(topHeader_), static_cast<QHeaderView*>(leftHeader_)}) {
         h->setSectionsClickable(true);
         h->setHighlightSections(false);
@@ -61,32 +116,28 @@ FlexGrid::FlexGrid(QWidget* parent)
     setWordWrap(false);
     setCornerButtonEnabled(false);
 
-    auto headersFollow = [this] { ensureHeaderItems(); };
-    connect(model(), &QAbstractItemModel::rowsInserted, this, headersFollow);
-    connect(model(), &QAbstractItemModel::columnsInserted, this, headersFollow);
     connect(topHeader_, &QHeaderView::sectionClicked, this,
             [this](int section) { emit titleClicked(section + lead()); });
-    connect(this, &QTableWidget::currentCellChanged, this, [this](int row, int col, int oldRow, int oldCol) {
-        if (row < 0 || col < 0)
-            return;
-        rowSel_ = row + top();
-        colSel_ = col + lead();
-        if (row != oldRow || col != oldCol)
-            emit RowColChange();
-    });
-    setRowCount(1);
-    setColumnCount(1);
+    connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+            [this](const QModelIndex& current, const QModelIndex& previous) {
+                if (!current.isValid())
+                    return;
+                rowSel_ = current.row() + top();
+                colSel_ = current.column() + lead();
+                if (current.row() != previous.row() || current.column() != previous.column())
+                    emit RowColChange();
+            });
 }
 
 FlexGrid::~FlexGrid() = default;
 
 int FlexGrid::Rows() const
 {
-    return rowCount() + top();
+    return int(lines_.size());
 }
 int FlexGrid::Cols() const
 {
-    return columnCount() + lead();
+    return cols_;
 }
 
 void FlexGrid::setRows(int rows)
@@ -94,8 +145,24 @@ void FlexGrid::setRows(int rows)
     rows = std::max(rows, 0);
     if (rows < fixedRows_)
         setFixedRows(rows);
-    setRowCount(rows - top());
-    restyleFixedCells();
+    if (rows > Rows())
+        insertLines(Rows(), rows - Rows());
+    else if (rows < Rows())
+        removeLines(rows, Rows() - rows);
+}
+
+void FlexGrid::insertLines(int row, int count)
+{
+    model_->beginInsertRows({}, row - top(), row - top() + count - 1);
+    lines_.insert(lines_.begin() + row, count, Line(cols_));
+    model_->endInsertRows();
+}
+
+void FlexGrid::removeLines(int row, int count)
+{
+    model_->beginRemoveRows({}, row - top(), row - top() + count - 1);
+    lines_.erase(lines_.begin() + row, lines_.begin() + row + count);
+    model_->endRemoveRows();
 }
 
 void FlexGrid::setCols(int cols)
@@ -103,102 +170,70 @@ void FlexGrid::setCols(int cols)
     cols = std::max(cols, 0);
     if (cols < fixedCols_)
         setFixedCols(cols);
-    setColumnCount(cols - lead());
+    if (cols > cols_) {
+        model_->beginInsertColumns({}, cols_ - lead(), cols - lead() - 1);
+        for (Line& line : lines_)
+            line.resize(cols);
+        cols_ = cols;
+        model_->endInsertColumns();
+    } else if (cols < cols_) {
+        model_->beginRemoveColumns({}, cols - lead(), cols_ - lead() - 1);
+        for (Line& line : lines_)
+            line.resize(cols);
+        cols_ = cols;
+        model_->endRemoveColumns();
+    }
     for (auto it = colTwips_.cbegin(); it != colTwips_.cend(); ++it)
         if (it.key() < cols)
             applyColWidth(it.key());
-    restyleFixedCells();
 }
 
+// Row 0 moves between the header and the body as the first fixed row comes
+// or goes; the cells stay where they are.
 void FlexGrid::setFixedRows(int rows)
 {
     rows = std::clamp(rows, 0, Rows());
-    const int newTop = rows > 0 ? 1 : 0;
-    if (newTop != top()) {
-        if (newTop) { // body row 0 becomes the header
-            for (int c = 0; c < columnCount(); ++c) {
-                QTableWidgetItem* item = takeItem(0, c);
-                setHorizontalHeaderItem(c, item ? item : new QTableWidgetItem);
-            }
-            if (lead())
-                corner_.reset(takeVerticalHeaderItem(0));
-            removeRow(0);
-        } else { // the header becomes body row 0
-            insertRow(0);
-            for (int c = 0; c < columnCount(); ++c)
-                setItem(0, c, takeHorizontalHeaderItem(c));
-            if (lead())
-                setVerticalHeaderItem(0, corner_ ? corner_.release() : new QTableWidgetItem);
+    if ((rows > 0) != (top() > 0)) {
+        if (rows > 0) {
+            model_->beginRemoveRows({}, 0, 0);
+            fixedRows_ = rows;
+            model_->endRemoveRows();
+        } else {
+            model_->beginInsertRows({}, 0, 0);
+            fixedRows_ = rows;
+            model_->endInsertRows();
         }
     }
     fixedRows_ = rows;
     updateHeaders();
-    restyleFixedCells();
+    announceAll();
 }
 
 void FlexGrid::setFixedCols(int cols)
 {
     cols = std::clamp(cols, 0, Cols());
-    const int newLead = cols > 0 ? 1 : 0;
-    if (newLead != lead()) {
-        if (newLead) { // body column 0 becomes the header
-            for (int r = 0; r < rowCount(); ++r) {
-                QTableWidgetItem* item = takeItem(r, 0);
-                setVerticalHeaderItem(r, item ? item : new QTableWidgetItem);
-            }
-            if (top())
-                corner_.reset(takeHorizontalHeaderItem(0));
-            removeColumn(0);
-        } else { // the header becomes body column 0
-            insertColumn(0);
-            for (int r = 0; r < rowCount(); ++r)
-                setItem(r, 0, takeVerticalHeaderItem(r));
-            if (top())
-                setHorizontalHeaderItem(0, corner_ ? corner_.release() : new QTableWidgetItem);
+    if ((cols > 0) != (lead() > 0)) {
+        if (cols > 0) {
+            model_->beginRemoveColumns({}, 0, 0);
+            fixedCols_ = cols;
+            model_->endRemoveColumns();
+        } else {
+            model_->beginInsertColumns({}, 0, 0);
+            fixedCols_ = cols;
+            model_->endInsertColumns();
         }
     }
     fixedCols_ = cols;
     for (auto it = colTwips_.cbegin(); it != colTwips_.cend(); ++it)
         applyColWidth(it.key());
     updateHeaders();
-    restyleFixedCells();
+    announceAll();
 }
 
 void FlexGrid::updateHeaders()
 {
     topHeader_->setVisible(top() > 0);
     leftHeader_->setVisible(lead() > 0 && leftHeader_->extent != 0);
-    ensureHeaderItems();
-}
-
-// Every header section gets an item: without one the header would show its
-// section number instead of an empty cell.
-void FlexGrid::ensureHeaderItems()
-{
-    for (int c = 0; c < columnCount(); ++c)
-        if (!horizontalHeaderItem(c))
-            setHorizontalHeaderItem(c, newItem(0, c + lead()));
-    for (int r = 0; r < rowCount(); ++r)
-        if (!verticalHeaderItem(r))
-            setVerticalHeaderItem(r, newItem(r + top(), 0));
-}
-
-void FlexGrid::restyleFixedCells()
-{
-    for (int r = top(); r < fixedRows_ && r < Rows(); ++r)
-        for (int c = lead(); c < Cols(); ++c)
-            cellForWrite(r, c);
-    for (int r = fixedRows_; r < Rows(); ++r)
-        for (int c = lead(); c < fixedCols_ && c < Cols(); ++c)
-            cellForWrite(r, c);
-    for (int r = top(); r < Rows(); ++r)
-        for (int c = lead(); c < Cols(); ++c)
-            if (QTableWidgetItem* item = cell(r, c)) {
-                const bool fixed = isFixed(r, c);
-                item->setFlags(fixed ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-                if (fixed && item->background().style() == Qt::NoBrush)
-                    item->setBackground(ui::buttonFace());
-            }
 }
 
 void FlexGrid::raiseInvalidRow()
@@ -218,132 +253,112 @@ void FlexGrid::checkCell(int row, int col) const
         raiseInvalidCol();
 }
 
-QTableWidgetItem* FlexGrid::cell(int row, int col) const
+int FlexGrid::internFormat(const Format& format)
 {
-    checkCell(row, col);
-    if (row < top() && col < lead())
-        return corner_.get();
-    if (row < top())
-        return horizontalHeaderItem(col - lead());
-    if (col < lead())
-        return verticalHeaderItem(row - top());
-    return item(row - top(), col - lead());
+    const auto found = formatIndex_.find(format);
+    if (found != formatIndex_.end())
+        return found->second;
+    formats_.push_back(format);
+    const int index = int(formats_.size()) - 1;
+    formatIndex_.emplace(format, index);
+    return index;
 }
 
-QTableWidgetItem* FlexGrid::newItem(int row, int col) const
+void FlexGrid::announce(int row1, int col1, int row2, int col2)
 {
-    auto* item = new QTableWidgetItem;
-    if (row >= top() && col >= lead()) {
-        const bool fixed = isFixed(row, col);
-        item->setFlags(fixed ? Qt::ItemIsEnabled : Qt::ItemIsEnabled | Qt::ItemIsSelectable);
-        if (fixed)
-            item->setBackground(ui::buttonFace());
-    }
-    const auto& alignments = isFixed(row, col) ? fixedAlignment_ : colAlignment_;
-    item->setTextAlignment(alignments.value(col, Qt::AlignLeft | Qt::AlignVCenter));
-    return item;
-}
-
-QTableWidgetItem* FlexGrid::cellForWrite(int row, int col)
-{
-    if (QTableWidgetItem* existing = cell(row, col))
-        return existing;
-    QTableWidgetItem* item = newItem(row, col);
-    attach(row, col, item);
-    return item;
-}
-
-void FlexGrid::attach(int row, int col, QTableWidgetItem* item)
-{
-    if (row < top() && col < lead())
-        corner_.reset(item);
-    else if (row < top())
-        setHorizontalHeaderItem(col - lead(), item);
-    else if (col < lead())
-        setVerticalHeaderItem(row - top(), item);
-    else
-        setItem(row - top(), col - lead(), item);
-}
-
-void FlexGrid::changeCell(int row, int col, const std::function<void(QTableWidgetItem*)>& change)
-{
-    QTableWidgetItem* existing = cell(row, col);
-    if (!existing) {
-        QTableWidgetItem* item = newItem(row, col);
-        change(item);
-        attach(row, col, item);
+    if (!redraw_) {
+        pendingRedraw_ = true;
         return;
     }
-    const bool title = existing != corner_.get() && (row < top() || col < lead());
-    if (!title) {
-        change(existing);
+    if (row2 < row1 || col2 < col1)
         return;
-    }
-    QTableWidgetItem* item = row < top() ? takeHorizontalHeaderItem(col - lead()) : takeVerticalHeaderItem(row - top());
-    change(item);
-    attach(row, col, item);
+    // The body part of the block, then its titles.
+    const int r1 = std::max(row1, top()) - top(), r2 = row2 - top();
+    const int c1 = std::max(col1, lead()) - lead(), c2 = col2 - lead();
+    if (r1 <= r2 && c1 <= c2)
+        emit model_->dataChanged(model_->index(r1, c1), model_->index(r2, c2));
+    if (col1 < lead() && r1 <= r2)
+        emit model_->headerDataChanged(Qt::Vertical, r1, r2);
+    if (row1 < top() && c1 <= c2)
+        emit model_->headerDataChanged(Qt::Horizontal, c1, c2);
 }
 
-void FlexGrid::writeQuietly(int row1, int col1, int row2, int col2, const std::function<void()>& writes)
+void FlexGrid::announceAll()
 {
-    QAbstractItemModel* m = model();
-    const bool wasBlocked = m->blockSignals(true);
-    auto announce = [&] {
-        m->blockSignals(wasBlocked);
-        if (wasBlocked || row2 < row1 || col2 < col1)
-            return;
-        // The body part of the block, then its titles.
-        const int r1 = std::max(row1, top()) - top(), r2 = row2 - top();
-        const int c1 = std::max(col1, lead()) - lead(), c2 = col2 - lead();
-        if (r1 <= r2 && c1 <= c2)
-            emit m->dataChanged(m->index(r1, c1), m->index(r2, c2));
-        if (col1 < lead() && r1 <= r2)
-            emit m->headerDataChanged(Qt::Vertical, r1, r2);
-        if (row1 < top() && c1 <= c2)
-            emit m->headerDataChanged(Qt::Horizontal, c1, c2);
-    };
-    try {
-        writes();
-    } catch (...) {
-        announce();
-        throw;
+    announce(0, 0, Rows() - 1, Cols() - 1);
+}
+
+QVariant FlexGrid::cellData(int row, int col, int role) const
+{
+    if (row < 0 || row >= Rows() || col < 0 || col >= Cols())
+        return {};
+    const Cell& cell = lines_[row][col];
+    const Format& format = formats_[cell.format];
+    switch (role) {
+    case Qt::DisplayRole:
+        // "\r\n" shows as a line break.
+        if (cell.text.contains(u'\r'))
+            return QString(cell.text).replace(QLatin1String("\r\n"), QLatin1String("\n")).remove(u'\r');
+        return cell.text;
+    case Qt::TextAlignmentRole:
+        return int(CellAlignment(row, col));
+    case Qt::BackgroundRole:
+        if (format.back.isValid())
+            return QBrush(format.back);
+        if (row >= top() && col >= lead() && isFixed(row, col))
+            return QBrush(ui::buttonFace());
+        return {};
+    case Qt::ForegroundRole:
+        return format.fore.isValid() ? QVariant(QBrush(format.fore)) : QVariant();
+    case Qt::FontRole: {
+        if (format.bold < 0 && format.points <= 0)
+            return {};
+        QFont font; // only what was set overrides the grid's font
+        if (format.bold >= 0)
+            font.setBold(format.bold > 0);
+        if (format.points > 0)
+            font.setPointSizeF(format.points);
+        return font;
     }
-    announce();
+    case Qt::DecorationRole:
+        return format.picture >= 0 ? QVariant(pictures_[format.picture]) : QVariant();
+    default:
+        return {};
+    }
 }
 
 QString FlexGrid::TextMatrix(int row, int col) const
 {
-    const QTableWidgetItem* item = cell(row, col);
-    if (!item)
-        return {};
-    const QVariant raw = item->data(RawTextRole);
-    return raw.isValid() ? raw.toString() : item->text();
+    checkCell(row, col);
+    return lines_[row][col].text;
+}
+
+void FlexGrid::setTextQuietly(int row, int col, const QString& text)
+{
+    lines_[row][col].text = text;
+    const auto& alignments = isFixed(row, col) ? fixedAlignment_ : colAlignment_;
+    if (!alignments.contains(col) && !text.isEmpty()) {
+        const Qt::Alignment alignment = Qt::AlignVCenter | (vb::IsNumeric(text) ? Qt::AlignRight : Qt::AlignLeft);
+        changeFormat(row, col, [&](Format& f) { f.alignment = alignment; });
+    }
 }
 
 void FlexGrid::setTextMatrix(int row, int col, const QString& text)
 {
-    const auto& alignments = isFixed(row, col) ? fixedAlignment_ : colAlignment_;
-    changeCell(row, col, [&](QTableWidgetItem* item) {
-        if (text.contains(u'\r')) {
-            item->setData(RawTextRole, text);
-            item->setText(QString(text).replace(QLatin1String("\r\n"), QLatin1String("\n")).remove(u'\r'));
-        } else {
-            if (item->data(RawTextRole).isValid())
-                item->setData(RawTextRole, QVariant());
-            item->setText(text);
-        }
-        if (!alignments.contains(col) && !text.isEmpty())
-            item->setTextAlignment(Qt::AlignVCenter | (vb::IsNumeric(text) ? Qt::AlignRight : Qt::AlignLeft));
-    });
+    checkCell(row, col);
+    setTextQuietly(row, col, text);
+    announce(row, col, row, col);
 }
 
 int FlexGrid::Row() const
 {
-    return currentRow() >= 0 ? currentRow() + top() : fixedRows_;
+    const QModelIndex current = currentIndex();
+    return current.isValid() ? current.row() + top() : fixedRows_;
 }
 int FlexGrid::Col() const
 {
-    return currentColumn() >= 0 ? currentColumn() + lead() : fixedCols_;
+    const QModelIndex current = currentIndex();
+    return current.isValid() ? current.column() + lead() : fixedCols_;
 }
 
 void FlexGrid::setRow(int row)
@@ -351,7 +366,7 @@ void FlexGrid::setRow(int row)
     checkCell(row, 0);
     if (row < top())
         return;
-    setCurrentCell(row - top(), std::max(Col() - lead(), 0));
+    setCurrentIndex(model_->index(row - top(), std::max(Col() - lead(), 0)));
     rowSel_ = row;
     colSel_ = Col();
 }
@@ -359,9 +374,9 @@ void FlexGrid::setRow(int row)
 void FlexGrid::setCol(int col)
 {
     checkCell(0, col);
-    if (col < lead() || rowCount() == 0)
+    if (col < lead() || model_->rowCount() == 0)
         return;
-    setCurrentCell(std::max(Row() - top(), 0), col - lead());
+    setCurrentIndex(model_->index(std::max(Row() - top(), 0), col - lead()));
     rowSel_ = Row();
     colSel_ = col;
 }
@@ -384,9 +399,9 @@ void FlexGrid::selectRange()
 {
     const int r1 = std::max(std::min(Row(), rowSel_) - top(), 0);
     const int r2 = std::max(Row(), rowSel_) - top();
-    if (r2 < 0 || columnCount() == 0)
+    if (r2 < 0 || model_->columnCount() == 0)
         return;
-    const QItemSelection range(model()->index(r1, 0), model()->index(r2, columnCount() - 1));
+    const QItemSelection range(model_->index(r1, 0), model_->index(r2, model_->columnCount() - 1));
     selectionModel()->select(range, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
@@ -470,7 +485,7 @@ void FlexGrid::setRowHeight(int row, int twips)
         topHeader_->extent = pixels;
         updateGeometries();
     } else {
-        QTableWidget::setRowHeight(row - top(), pixels);
+        QTableView::setRowHeight(row - top(), pixels);
     }
 }
 
@@ -478,22 +493,30 @@ void FlexGrid::setRedraw(bool redraw)
 {
     redraw_ = redraw;
     setUpdatesEnabled(redraw);
+    if (redraw && pendingRedraw_) {
+        pendingRedraw_ = false;
+        announceAll();
+    }
 }
 
 void FlexGrid::Clear()
 {
-    clear(); // items and header items; the shape stays
-    corner_.reset();
+    for (Line& line : lines_)
+        std::fill(line.begin(), line.end(), Cell{});
+    formats_.assign(1, Format{});
+    formatIndex_.clear();
+    formatIndex_.emplace(Format{}, 0);
+    pictures_.clear();
     clearSpans();
-    ensureHeaderItems();
-    restyleFixedCells();
+    selectionModel()->clear();
+    announceAll();
 }
 
 void FlexGrid::wheelEvent(QWheelEvent* event)
 {
     const int delta = event->angleDelta().y();
     if (delta == 0) {
-        QTableWidget::wheelEvent(event);
+        QTableView::wheelEvent(event);
         return;
     }
     // One line per wheel message, whatever its size: up when the wheel turns away.
@@ -510,11 +533,11 @@ void FlexGrid::keyPressEvent(QKeyEvent* event)
         event->accept();
         return;
     }
-    QTableWidget::keyPressEvent(event);
+    QTableView::keyPressEvent(event);
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    QTableWidget::mouseDoubleClickEvent(event);
+    QTableView::mouseDoubleClickEvent(event);
     emit DblClick();
 }

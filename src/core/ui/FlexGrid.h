@@ -15,18 +15,20 @@
 #include <QColor>
 #include <QHash>
 #include <QIcon>
-#include <QTableWidget>
+#include <QTableView>
 
-#include <functional>
-#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
 
 namespace db {
 class Recordset;
 }
 
 class FlexGridHeader;
+class FlexGridModel;
 
-class FlexGrid : public QTableWidget {
+class FlexGrid : public QTableView {
     Q_OBJECT
 
 public:
@@ -80,6 +82,8 @@ public:
     Qt::Alignment CellAlignment(int row, int col) const;
 
     QColor CellBackColor(int row, int col) const;
+    // Whether the cell was given a back colour, rather than showing the default.
+    bool hasCellBackColor(int row, int col) const;
     void setCellBackColor(int row, int col, const QColor& color);
     // The same colour over a block of cells (fill style repeat).
     void setRangeBackColor(int row1, int col1, int row2, int col2, const QColor& color);
@@ -129,41 +133,80 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
 
 private:
+    friend class FlexGridModel;
+
+    // What a cell carries besides its text. Formats are shared: a cell holds
+    // the index of its format in formats_, so colouring a block of cells
+    // writes numbers, not colours.
+    struct Format {
+        std::optional<Qt::Alignment> alignment; // none: the column's, else left
+        QColor back;                           // invalid: none of its own
+        QColor fore;
+        int bold = -1; // -1: the grid's font
+        qreal points = 0;
+        int picture = -1; // index in pictures_
+        bool operator==(const Format&) const = default;
+    };
+    struct FormatHash {
+        size_t operator()(const Format& f) const;
+    };
+    struct Cell {
+        QString text;
+        int format = 0; // formats_[0] is the empty format
+    };
+    using Line = std::vector<Cell>;
+
     int top() const { return fixedRows_ > 0 ? 1 : 0; }
     int lead() const { return fixedCols_ > 0 ? 1 : 0; }
     bool isFixed(int row, int col) const { return row < fixedRows_ || col < fixedCols_; }
     [[noreturn]] static void raiseInvalidRow();
     [[noreturn]] static void raiseInvalidCol();
     void checkCell(int row, int col) const;
-    QTableWidgetItem* cell(int row, int col) const;
-    QTableWidgetItem* cellForWrite(int row, int col);
-    QTableWidgetItem* newItem(int row, int col) const;
-    // Puts a new or taken item in its place.
-    void attach(int row, int col, QTableWidgetItem* item);
-    // Changes the item of a cell, made when missing. A new item is changed
-    // before it goes in, and a title's item out of the table: the table
-    // looks for a changed title among all its titles.
-    void changeCell(int row, int col, const std::function<void(QTableWidgetItem*)>& change);
-    // Runs a burst of writes to the cells of a block that exists with the
-    // model's signals held back, then tells the view and its headers once
-    // that the block may have changed: cell by cell they would react to
-    // every write.
-    void writeQuietly(int row1, int col1, int row2, int col2, const std::function<void()>& writes);
-    void ensureHeaderItems();
-    void restyleFixedCells();
+    const Format& formatOf(int row, int col) const { return formats_[lines_[row][col].format]; }
+    int internFormat(const Format& format);
+    // Gives a cell the format its own changed by `change`; `memo` carries the
+    // last format changed and its result across a burst of calls.
+    template <typename Change> void changeFormat(int row, int col, Change change, std::pair<int, int>* memo = nullptr)
+    {
+        int& format = lines_[row][col].format;
+        if (memo && memo->first == format) {
+            format = memo->second;
+            return;
+        }
+        Format changed = formats_[format];
+        change(changed);
+        const int index = internFormat(changed);
+        if (memo)
+            *memo = {format, index};
+        format = index;
+    }
+    void setTextQuietly(int row, int col, const QString& text);
+    // Tells the view and the headers that a block of cells may have changed.
+    void announce(int row1, int col1, int row2, int col2);
+    void announceAll();
+    // What the view shows of a cell.
+    QVariant cellData(int row, int col, int role) const;
+    void insertLines(int row, int count);
+    void removeLines(int row, int count);
     void applyColWidth(int col);
     double twipsPerPixel(Qt::Orientation o) const;
     void updateHeaders();
     void selectRange();
 
+    FlexGridModel* model_;
     FlexGridHeader* topHeader_;
     FlexGridHeader* leftHeader_;
-    std::unique_ptr<QTableWidgetItem> corner_; // cell (0, 0) when both headers are in use
+    std::vector<Line> lines_; // every row of the grid, fixed ones included
+    int cols_ = 0;
+    std::vector<Format> formats_;
+    std::unordered_map<Format, int, FormatHash> formatIndex_;
+    QList<QIcon> pictures_;
     int fixedRows_ = 1;
     int fixedCols_ = 1;
     int rowSel_ = 1;
     int colSel_ = 1;
     bool redraw_ = true;
+    bool pendingRedraw_ = false; // cells changed while redraw was off
     QHash<int, int> colTwips_;
     QHash<int, Qt::Alignment> colAlignment_;
     QHash<int, Qt::Alignment> fixedAlignment_;

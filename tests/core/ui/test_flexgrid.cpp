@@ -81,9 +81,9 @@ private slots:
         grid.setTextMatrix(0, 1, QStringLiteral("APELLIDOS"));
         grid.setTextMatrix(2, 0, QStringLiteral("2"));
         grid.setTextMatrix(2, 2, QStringLiteral("Ana"));
-        QCOMPARE(grid.horizontalHeaderItem(0)->text(), QStringLiteral("APELLIDOS"));
-        QCOMPARE(grid.verticalHeaderItem(1)->text(), QStringLiteral("2"));
-        QCOMPARE(grid.item(1, 1)->text(), QStringLiteral("Ana"));
+        QCOMPARE(grid.model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("APELLIDOS"));
+        QCOMPARE(grid.model()->headerData(1, Qt::Vertical).toString(), QStringLiteral("2"));
+        QCOMPARE(grid.model()->index(1, 1).data().toString(), QStringLiteral("Ana"));
         QCOMPARE(grid.TextMatrix(0, 1), QStringLiteral("APELLIDOS"));
         QCOMPARE(grid.TextMatrix(2, 0), QStringLiteral("2"));
         QCOMPARE(grid.TextMatrix(2, 2), QStringLiteral("Ana"));
@@ -116,7 +116,7 @@ private slots:
         QVERIFY(grid.horizontalHeader()->isHidden());
         QCOMPARE(grid.Rows(), 2);
         QCOMPARE(grid.TextMatrix(0, 1), QStringLiteral("título"));
-        QCOMPARE(grid.item(0, 0)->text(), QStringLiteral("título"));
+        QCOMPARE(grid.model()->index(0, 0).data().toString(), QStringLiteral("título"));
         grid.setFixedRows(1);
         QCOMPARE(grid.TextMatrix(0, 1), QStringLiteral("título"));
         QCOMPARE(grid.Rows(), 2);
@@ -139,8 +139,8 @@ private slots:
         grid.setTextMatrix(1, 2, QStringLiteral("x"));
         QCOMPARE(grid.Cols(), 4);
         QCOMPARE(grid.CellBackColor(1, 1), ui::buttonFace());
-        QVERIFY(!(grid.item(0, 0)->flags() & Qt::ItemIsSelectable));
-        QVERIFY(grid.item(0, 1)->flags() & Qt::ItemIsSelectable);
+        QVERIFY(!(grid.model()->index(0, 0).flags() & Qt::ItemIsSelectable));
+        QVERIFY(grid.model()->index(0, 1).flags() & Qt::ItemIsSelectable);
     }
 
     void colWidthTwipsRoundTrip()
@@ -362,7 +362,7 @@ private slots:
         QSignalSpy enter(&grid, &FlexGrid::EnterPressed);
         QSignalSpy dbl(&grid, &FlexGrid::DblClick);
         QTest::keyClick(&grid, Qt::Key_Return);
-        const QRect cell = grid.visualItemRect(grid.item(1, 0));
+        const QRect cell = grid.visualRect(grid.model()->index(1, 0));
         QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, cell.center());
         QCOMPARE(enter.size(), 1);
         QCOMPARE(dbl.size(), 1);
@@ -401,7 +401,7 @@ private slots:
         image.save(QStringLiteral(CADERNIA_BIN_DIR "/flexgrid.png"));
         const QImage body = grid->viewport()->grab().toImage();
         auto pixelOf = [&](int row) {
-            const QRect rect = grid->visualItemRect(grid->item(row - 1, 1));
+            const QRect rect = grid->visualRect(grid->model()->index(row - 1, 1));
             return body.pixelColor(rect.right() - 3, rect.center().y());
         };
         QCOMPARE(pixelOf(2), kStripe);
