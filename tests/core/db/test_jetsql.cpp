@@ -7,6 +7,7 @@
 #include "core/vb/RuntimeError.h"
 
 #include <QTemporaryDir>
+#include <sqlite3.h>
 #include <QtTest>
 
 using db::JetSql;
@@ -129,6 +130,40 @@ private slots:
                  QStringLiteral("SELECT \"Ape\" FROM \"tblAlumnos\" ORDER BY \"Ape\" COLLATE jet_es DESC, 2"));
     }
 
+    // Dates are kept as ISO text: their plain order is the order of the dates,
+    // so a column declared a date sorts without the collation (and can walk
+    // an index). Texts, and columns the connection cannot place, keep it.
+    void orderByADateColumnGoesWithoutTheCollation()
+    {
+        JetSql::Options options;
+        options.isDateColumn = [](const QString& table, const QString& column) {
+            return table == QLatin1String("tblTareas") && column == QLatin1String("FecIni");
+        };
+        QCOMPARE(JetSql::translate(QStringLiteral("SELECT Des FROM tblTareas ORDER BY tblTareas.FecIni DESC, "
+                                                  "tblTareas.Des, FecIni"),
+                                   options)
+                     .sql,
+                 QStringLiteral("SELECT \"Des\" FROM \"tblTareas\" ORDER BY \"tblTareas\".\"FecIni\" DESC, "
+                                "\"tblTareas\".\"Des\" COLLATE jet_es, \"FecIni\" COLLATE jet_es"));
+    }
+
+    void aYearKnowsItsDateColumnsAndTheTaskListWalksTheDateIndex()
+    {
+        const QString jet = QStringLiteral("SELECT tblTareas.Id FROM tblTareas INNER JOIN tblTareasTipos ON "
+                                           "tblTareas.IdTip = tblTareasTipos.Id ORDER BY tblTareas.FecIni DESC");
+        const QString text = cn_->Translate(jet).sql;
+        QVERIFY(text.endsWith(QStringLiteral("ORDER BY \"tblTareas\".\"FecIni\" DESC")));
+        QCOMPARE(cn_->Translate(QStringLiteral("SELECT Ape FROM tblAlumnos ORDER BY tblAlumnos.Ape")).sql,
+                 QStringLiteral("SELECT \"Ape\" FROM \"tblAlumnos\" ORDER BY \"tblAlumnos\".\"Ape\" COLLATE jet_es"));
+        sqlite3_stmt* stmt = cn_->Prepare(QStringLiteral("EXPLAIN QUERY PLAN ") + text);
+        QString details;
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            details += QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 3))) + u'\n';
+        sqlite3_reset(stmt);
+        QVERIFY2(details.contains(QStringLiteral("USING INDEX ixTareasFecIni")), qPrintable(details));
+        QVERIFY2(!details.contains(QStringLiteral("TEMP B-TREE")), qPrintable(details));
+    }
+
     void stringsAndDatesSurviveUntouched()
     {
         QCOMPARE(sql("SELECT 'a & b / [c]!d #x#' AS s FROM t"),
@@ -172,6 +207,15 @@ private slots:
         QCOMPARE(scalar("SELECT Ape & ' <' & MailAlu & '>' FROM tblAlumnos WHERE Id=1").toString(),
                  QStringLiteral("Álvarez Núñez <>"));
         QVERIFY(scalar("SELECT MailAlu & Null FROM tblAlumnos WHERE Id=1").isNull());
+    }
+
+    void concatOfTextsAloneJoinsThemAsTheyAre()
+    {
+        QCOMPARE(scalar("SELECT Ape & ', ' & Nom FROM tblAlumnos WHERE Id=3").toString(), QStringLiteral("avendaño, Luis"));
+        QCOMPARE(scalar("SELECT '' & '' FROM tblAlumnos WHERE Id=3").toString(), QString());
+        QVERIFY(!scalar("SELECT '' & '' FROM tblAlumnos WHERE Id=3").isNull());
+        QVERIFY(scalar("SELECT MailAlu & MailAlu FROM tblAlumnos WHERE Id=1").isNull());
+        QCOMPARE(scalar("SELECT MailAlu & Nom & MailAlu FROM tblAlumnos WHERE Id=1").toString(), QStringLiteral("Íria"));
     }
 
     void concatWritesNumbersWithDecimalComma()

@@ -270,6 +270,99 @@ private slots:
         }
     }
 
+    // Texts are shared between rows that repeat them; every value must still
+    // come back exactly: repeated, distinct beyond what is shared, long, empty.
+    void everyTextComesBackAsStoredWhetherRepeatedOrNot()
+    {
+        TempYear year;
+        auto cn = year.connect();
+        QStringList expected;
+        QString inserts = QStringLiteral("BEGIN;");
+        for (int i = 1; i <= 1500; ++i) {
+            QString text;
+            if (i % 3 == 0)
+                text = QStringLiteral("Exame");                           // repeated
+            else if (i % 3 == 1)
+                text = QStringLiteral("Tarefa número %1").arg(i);        // distinct
+            else
+                text = QStringLiteral("Traballo longo ").repeated(6) + QString::number(i); // beyond the short ones
+            if (i == 7)
+                text = QString(); // empty
+            expected << text;
+            inserts += QStringLiteral("INSERT INTO tblMaterias (Id, Des) VALUES (%1, '%2');").arg(i).arg(text);
+        }
+        cn->ExecuteNative(inserts + QStringLiteral("COMMIT;"));
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT Des FROM tblMaterias ORDER BY Id"), cn);
+        QCOMPARE(rs.RecordCount(), 1500);
+        for (int i = 1; i <= 1500; ++i) {
+            const QVariant v = rs.ValueAt(i, 0);
+            QCOMPARE(v.toString(), expected[i - 1]);
+        }
+        rs.SetAbsolutePosition(7);
+        QCOMPARE(rs.Value(0).typeId(), int(QMetaType::QString));
+        QVERIFY(!rs.Value(0).toString().isNull()); // empty, not missing
+    }
+
+    void valueAtReadsAnyRowWithoutMoving()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT Id, Des FROM tblEvaluaciones ORDER BY Id"), year.connect());
+        rs.SetAbsolutePosition(2);
+        QCOMPARE(rs.ValueAt(3, 0).toInt(), 3);
+        QCOMPARE(rs.ValueAt(1, 1).toString(), QStringLiteral("1ª Evaluación"));
+        QCOMPARE(rs.AbsolutePosition(), 2);
+        QCOMPARE(errorNumber([&] { rs.ValueAt(4, 0); }), int(RuntimeError::BadArguments));
+        QCOMPARE(errorNumber([&] { rs.ValueAt(1, 2); }), int(RuntimeError::BadArguments));
+    }
+
+    // Rows are kept one after another: adding, cancelling and deleting in the
+    // middle must leave the others as they were.
+    void rowsAroundAnAddedCancelledOrDeletedRowStayWhole()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        auto cn = year.connect();
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT Id, Des FROM tblEvaluaciones ORDER BY Id"), cn);
+        rs.AddNew();
+        rs.Fields("Id") = 9;
+        rs.Fields("Des") = QStringLiteral("Extraordinaria");
+        rs.Update();
+        rs.AddNew();
+        rs.CancelUpdate();
+        QCOMPARE(rs.RecordCount(), 4);
+        rs.SetAbsolutePosition(2);
+        rs.Delete();
+        QCOMPARE(rs.RecordCount(), 3);
+        QStringList texts;
+        for (int i = 1; i <= 3; ++i)
+            texts << rs.ValueAt(i, 0).toString() + u' ' + rs.ValueAt(i, 1).toString();
+        QCOMPARE(texts, (QStringList{QStringLiteral("1 1ª Evaluación"), QStringLiteral("3 3ª Evaluación"),
+                                     QStringLiteral("9 Extraordinaria")}));
+        rs.MoveLast();
+        rs.Fields("Des") = QStringLiteral("Extra");
+        rs.Update();
+        QCOMPARE(value(cn, QStringLiteral("SELECT Des FROM tblEvaluaciones WHERE Id = 9")).toString(),
+                 QStringLiteral("Extra"));
+    }
+
+    // Newest first; tasks of the same day in the order they were added.
+    void tasksByDateDescendingKeepTheirOrderWithinADay()
+    {
+        TempYear year;
+        auto cn = year.connect();
+        cn->ExecuteNative(QStringLiteral(
+            "INSERT INTO tblTareas (Id, Des, FecIni) VALUES (5,'e','2024-10-02'),(2,'b','2024-10-03'),"
+            "(7,'g','2024-10-02'),(1,'a',NULL),(3,'c','2024-10-02 12:00:00'),(4,'d','2024-10-03');"));
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT tblTareas.Id FROM tblTareas ORDER BY tblTareas.FecIni DESC"), cn);
+        QStringList ids;
+        for (int i = 1; i <= rs.RecordCount(); ++i)
+            ids << rs.ValueAt(i, 0).toString();
+        QCOMPARE(ids, (QStringList{"2", "4", "3", "5", "7", "1"}));
+    }
+
     void anEmptyOrMissingFileIsNoYear()
     {
         QTemporaryDir dir;

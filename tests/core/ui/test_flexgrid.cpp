@@ -259,6 +259,44 @@ private slots:
         QCOMPARE(grid.TextMatrix(1, 0), QString());
     }
 
+    // The fill writes whole numbers and texts its own short way; every value
+    // must read as the general conversion writes it.
+    void boundValuesReadAsTheirTextWhateverTheirType()
+    {
+        gConexion->ExecuteNative(QStringLiteral(
+            "INSERT INTO tblTareasTipos (Id, Des, Min, Max, Val) VALUES "
+            "(901, 'Negativo', -5, -2147483647, 0.1), (902, '', 0, 2147483647, -7.25), (903, NULL, 10, 10, NULL);"
+            "INSERT INTO tblTareas (Id, Des, FecIni, Nota) VALUES (9001, 'x', '2024-10-02', 1);"));
+        FlexGrid grid;
+        db::Recordset rs;
+        openRs(rs, QStringLiteral("SELECT Id, Des, Min, Max, Val FROM tblTareasTipos WHERE Id > 900 ORDER BY Id"));
+        grid.bindRecordset(rs);
+        const QStringList expected[] = {
+            {"901", "Negativo", "-5", "-2147483647", "0,1"},
+            {"902", "", "0", "2147483647", QStringLiteral("-7,25")},
+            {"903", "", "10", "10", ""},
+        };
+        for (int r = 1; r <= 3; ++r)
+            for (int c = 1; c <= 5; ++c)
+                QCOMPARE(grid.TextMatrix(r, c), expected[r - 1][c - 1]);
+        db::Recordset dates;
+        openRs(dates, QStringLiteral("SELECT FecIni, Nota FROM tblTareas WHERE Id = 9001"));
+        grid.bindRecordset(dates);
+        QCOMPARE(grid.TextMatrix(1, 1), QStringLiteral("02/10/2024"));
+        QCOMPARE(grid.TextMatrix(1, 2), QStringLiteral("Verdadero"));
+    }
+
+    void aColourGivenIsToldFromTheDefaultOne()
+    {
+        FlexGrid grid;
+        fillNumbered(grid, 2);
+        QVERIFY(!grid.hasCellBackColor(1, 0));
+        grid.setCellBackColor(1, 0, ui::buttonFace()); // the same colour the fixed column shows
+        QVERIFY(grid.hasCellBackColor(1, 0));
+        QVERIFY(!grid.hasCellBackColor(2, 0));
+        QCOMPARE(grid.CellBackColor(2, 0), ui::buttonFace());
+    }
+
     void clearEmptiesTextsAndColoursButKeepsTheShape()
     {
         FlexGrid grid;
