@@ -8,7 +8,12 @@
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
+#include "assessment/frmEvaluar.h"
+#include "assessment/frmNotaFinal.h"
 #include "assessment/frmTareas.h"
+#include "core/Modulo.h"
+#include "core/db/Recordset.h"
+#include "core/vb/Vb.h"
 #include "masterdata/frmAno.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmTareasTipos.h"
@@ -63,6 +68,50 @@ Screen atopar(const char* name, const char* estado)
             {}};
 }
 
+// The marking grid of the newest task, as the task list opens it.
+frmEvaluar* newestTaskMarking()
+{
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT tblTareas.Id, tblTareas.IdGru, tblTareasTipos.Max FROM tblTareas INNER JOIN "
+                           "tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id ORDER BY tblTareas.FecIni DESC"),
+            gConexion);
+    auto* f = new frmEvaluar;
+    if (!rs.Eof()) {
+        f->setIdTarea(rs.Value(0).toInt());
+        f->setIdGrupo(rs.Value(1).toInt());
+        f->setValorMaximo(qint16(rs.Value(2).toInt()));
+    }
+    return f;
+}
+
+// The dialog of an evaluation or final mark of the first student, first
+// subject and first evaluation, with the mark it has, if any.
+Screen notaFinal(const char* name, const char* tipo)
+{
+    return {QLatin1String(name),
+            [tipo] {
+                const bool eval = QLatin1String(tipo) == QLatin1String("Eval");
+                db::Recordset rs;
+                rs.Open(eval ? QStringLiteral("SELECT Nota FROM tblNotasEval WHERE IdAlu = 1 AND IdMat = 1 AND IdEval = 1")
+                             : QStringLiteral("SELECT NotaO FROM tblNotasFinal WHERE IdAlu = 1 AND IdMat = 1"),
+                        gConexion);
+                db::Recordset alumno;
+                alumno.Open(QStringLiteral("SELECT Ape & ' ' & Nom AS Nome FROM tblAlumnos WHERE Id = 1"), gConexion);
+                auto* f = new frmNotaFinal;
+                // As the student sheet opens it: its own caption after "NOTA FINAL DE ".
+                if (!alumno.Eof())
+                    f->setCaption(QStringLiteral("NOTA FINAL DE ") + vb::UCase(alumno.Value(0).toString()));
+                f->setTipo(QLatin1String(tipo));
+                f->setIdEval(1);
+                f->setIdMat(1);
+                f->setIdAlu(1);
+                if (!rs.Eof() && !rs.Value(0).isNull())
+                    f->setNota(rs.Value(0).toFloat());
+                return static_cast<QWidget*>(f);
+            },
+            {}};
+}
+
 } // namespace
 
 QList<Screen> screens()
@@ -105,6 +154,10 @@ QList<Screen> screens()
         nuevo<frmTareas>("frmTareasFicha-nuevo"),
         editar<frmTareas>("frmTareasFicha-editar"),
         child<frmTareas>("frmEvaluar", &frmTareas::cmdEvaluacion_Click),
+        {QStringLiteral("frmEvaluarNota"), [] { return static_cast<QWidget*>(newestTaskMarking()); },
+         [](QWidget* w) { static_cast<frmEvaluar*>(w)->cmdEvaluarNota_Click(); }},
+        notaFinal("frmNotaFinal-Eval", "Eval"),
+        notaFinal("frmNotaFinal-FinalO", "FinalO"),
     };
 }
 
