@@ -48,6 +48,22 @@ public:
                    : Qt::ItemIsEnabled | Qt::ItemIsSelectable;
     }
 
+    // The first row (Qt::Vertical) or column leaves the body for its header,
+    // or comes back from it, while `change` sets the grid's fixed count.
+    template <typename Change> void moveFirst(Qt::Orientation orientation, bool toHeader, Change change)
+    {
+        const bool rows = orientation == Qt::Vertical;
+        if (toHeader)
+            rows ? beginRemoveRows({}, 0, 0) : beginRemoveColumns({}, 0, 0);
+        else
+            rows ? beginInsertRows({}, 0, 0) : beginInsertColumns({}, 0, 0);
+        change();
+        if (toHeader)
+            rows ? endRemoveRows() : endRemoveColumns();
+        else
+            rows ? endInsertRows() : endInsertColumns();
+    }
+
     using QAbstractTableModel::beginInsertColumns;
     using QAbstractTableModel::beginInsertRows;
     using QAbstractTableModel::beginRemoveColumns;
@@ -193,17 +209,8 @@ void FlexGrid::setCols(int cols)
 void FlexGrid::setFixedRows(int rows)
 {
     rows = std::clamp(rows, 0, Rows());
-    if ((rows > 0) != (top() > 0)) {
-        if (rows > 0) {
-            model_->beginRemoveRows({}, 0, 0);
-            fixedRows_ = rows;
-            model_->endRemoveRows();
-        } else {
-            model_->beginInsertRows({}, 0, 0);
-            fixedRows_ = rows;
-            model_->endInsertRows();
-        }
-    }
+    if ((rows > 0) != (top() > 0))
+        model_->moveFirst(Qt::Vertical, rows > 0, [&] { fixedRows_ = rows; });
     fixedRows_ = rows;
     updateHeaders();
     announceAll();
@@ -212,17 +219,8 @@ void FlexGrid::setFixedRows(int rows)
 void FlexGrid::setFixedCols(int cols)
 {
     cols = std::clamp(cols, 0, Cols());
-    if ((cols > 0) != (lead() > 0)) {
-        if (cols > 0) {
-            model_->beginRemoveColumns({}, 0, 0);
-            fixedCols_ = cols;
-            model_->endRemoveColumns();
-        } else {
-            model_->beginInsertColumns({}, 0, 0);
-            fixedCols_ = cols;
-            model_->endInsertColumns();
-        }
-    }
+    if ((cols > 0) != (lead() > 0))
+        model_->moveFirst(Qt::Horizontal, cols > 0, [&] { fixedCols_ = cols; });
     fixedCols_ = cols;
     for (auto it = colTwips_.cbegin(); it != colTwips_.cend(); ++it)
         applyColWidth(it.key());

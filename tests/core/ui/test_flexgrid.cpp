@@ -122,6 +122,24 @@ private slots:
         QCOMPARE(grid.Rows(), 2);
     }
 
+    void withoutFixedColumnsColumnZeroIsABodyColumn()
+    {
+        FlexGrid grid;
+        grid.setCols(3);
+        grid.setTextMatrix(1, 0, QStringLiteral("1"));
+        grid.setTextMatrix(1, 2, QStringLiteral("Ana"));
+        grid.setFixedCols(0);
+        QVERIFY(grid.verticalHeader()->isHidden());
+        QCOMPARE(grid.Cols(), 3);
+        QCOMPARE(grid.model()->columnCount(), 3);
+        QCOMPARE(grid.model()->index(0, 0).data().toString(), QStringLiteral("1"));
+        QVERIFY(grid.model()->index(0, 0).flags() & Qt::ItemIsSelectable);
+        grid.setFixedCols(1);
+        QCOMPARE(grid.model()->columnCount(), 2);
+        QCOMPARE(grid.model()->headerData(0, Qt::Vertical).toString(), QStringLiteral("1"));
+        QCOMPARE(grid.TextMatrix(1, 2), QStringLiteral("Ana"));
+    }
+
     void rowsZeroTakesTheFixedRowWith()
     {
         FlexGrid grid;
