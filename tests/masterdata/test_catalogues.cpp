@@ -616,6 +616,7 @@ private slots:
         list.show();
         withFicha<frmEvaluacionesFicha>(list.cmdNovo, [&](frmEvaluacionesFicha* f) {
             f->txtDes->setText(QStringLiteral("Final"));
+            QVERIFY(QTest::qWaitForWindowActive(f)); // the mask comes with the focus
             f->mskFec->setFocus();
             QCOMPARE(f->mskFec->Mask(), QStringLiteral("##/##/####"));
             QTest::keyClicks(f->mskFec, QStringLiteral("24062025"));
