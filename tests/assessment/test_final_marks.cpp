@@ -3,7 +3,7 @@
 // update of each kind, the three deletes with their asymmetries, and the
 // extraordinary mark that only ever joins the ordinary one's row.
 #include "../support/YearQueries.h"
-#include "SeededYear.h"
+#include "../support/ScreenHarness.h"
 #include "assessment/frmNotaFinal.h"
 #include "core/Modulo.h"
 
@@ -16,7 +16,7 @@ using yearq::count;
 class TestFinalMarks : public QObject {
     Q_OBJECT
 
-    SeededYear seeded_;
+    ScreenYear seeded_;
 
     // Rows of a query as SQLite holds them, Null spelled out.
     QStringList rows(const QString& sql) { return yearq::native(seeded_.path(), sql); }

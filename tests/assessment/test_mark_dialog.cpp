@@ -2,7 +2,7 @@
 // type, the checks on leaving the mark, the INSERT with the digits as typed
 // and the UPDATE through single precision, and "&Rubricar" that saves first.
 #include "../support/YearQueries.h"
-#include "SeededYear.h"
+#include "../support/ScreenHarness.h"
 #include "assessment/frmEvaluarNota.h"
 #include "core/Modulo.h"
 #include "core/ui/Colors.h"
@@ -17,7 +17,7 @@ using yearq::count;
 class TestMarkDialog : public QObject {
     Q_OBJECT
 
-    SeededYear seeded_;
+    ScreenYear seeded_;
 
     // A mark as SQLite holds it.
     QString stored(int idNota)

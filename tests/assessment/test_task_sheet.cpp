@@ -3,7 +3,7 @@
 // by their texts.
 #include "../support/YearQueries.h"
 #include "GridText.h"
-#include "SeededYear.h"
+#include "../support/ScreenHarness.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
 #include "core/ui/MaskEdit.h"
@@ -21,7 +21,7 @@ using yearq::value;
 class TestTaskSheet : public QObject {
     Q_OBJECT
 
-    SeededYear seeded_;
+    ScreenYear seeded_;
 
     // The stored text of one column of a task, as SQLite holds it.
     QStringList stored(const QString& columns, int id)

@@ -4,7 +4,7 @@
 #include "../support/ModalForm.h"
 #include "../support/YearQueries.h"
 #include "GridText.h"
-#include "SeededYear.h"
+#include "../support/ScreenHarness.h"
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareas.h"
 #include "assessment/frmTareasFicha.h"
@@ -55,7 +55,7 @@ void filtrar(frmTareas& form, bool p, bool g, bool m, bool f)
 class TestTasks : public QObject {
     Q_OBJECT
 
-    SeededYear seeded_;
+    ScreenYear seeded_;
 
 private slots:
     void init() { seeded_.start(); }

@@ -1,5 +1,5 @@
 // The shared record functions, on a seeded year opened as the session.
-#include "../support/TempYear.h"
+#include "../support/SessionYear.h"
 #include "core/Funciones.h"
 #include "core/MesALetra.h"
 #include "core/Modulo.h"
@@ -29,19 +29,11 @@ int count(const QString& sql)
 class TestFunciones : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TempYear> year_;
+    SessionYear session_;
 
 private slots:
-    void init()
-    {
-        year_ = std::make_unique<TempYear>(TempYear::Fill::Seeded);
-        gConexion = year_->connect();
-    }
-    void cleanup()
-    {
-        gConexion.reset();
-        year_.reset();
-    }
+    void init() { session_.start(); }
+    void cleanup() { session_.finish(); }
 
     void siguienteIdOnAnEmptyTableIsOne()
     {

@@ -1,6 +1,6 @@
 // The catalogue screens on a temporary year: lists, entry forms, deleting,
 // and the edge cases of each catalogue, checked in the grid and in the rows.
-#include "../support/TempYear.h"
+#include "../support/SessionYear.h"
 #include "ModalDriver.h"
 #include "core/Modulo.h"
 #include "core/db/Recordset.h"
@@ -82,16 +82,10 @@ int gridRowOf(const FlexGrid& grid, int col, const QString& text)
 class TestCatalogues : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TempYear> year_;
+    SessionYear year_;
     QList<RuntimeError> errors_;
     bool fichaLeftOpen_ = false;
     QString fichaCaption_;
-
-    void openYear(TempYear::Fill fill)
-    {
-        year_ = std::make_unique<TempYear>(fill);
-        gConexion = year_->connect();
-    }
 
     // Runs action on the entry form that the next click opens, as it stands
     // once shown. A form that the action leaves open is cancelled afterwards
@@ -129,9 +123,7 @@ class TestCatalogues : public QObject {
 private slots:
     void init()
     {
-        openYear(TempYear::Fill::Seeded);
-        gColor = QStringLiteral(" 12632256 ");
-        CodigoAtopado = QVariant();
+        year_.start(TempYear::Fill::Seeded);
         MsgBox::reset();
         MsgBox::setUnscriptedFatal(true);
         errors_.clear();
@@ -144,8 +136,7 @@ private slots:
         QVERIFY(!ModalDriver::takeTimedOut());
         ui::setRuntimeErrorHandler({});
         MsgBox::reset();
-        gConexion.reset();
-        year_.reset();
+        year_.finish();
     }
 
     // ---- the level list: the pattern every catalogue follows
@@ -308,7 +299,7 @@ private slots:
 
     void emptyListNeitherEditsNorDeletes()
     {
-        openYear(TempYear::Fill::Empty);
+        year_.start(TempYear::Fill::Empty);
         frmNiveles list;
         list.show();
         QCOMPARE(list.mshDatos->Rows(), 2);
@@ -321,7 +312,7 @@ private slots:
 
     void gridWithExactlyOneRecordHasRowsZeroAndOneAndTheRowIsWhite()
     {
-        openYear(TempYear::Fill::Empty);
+        year_.start(TempYear::Fill::Empty);
         gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (1, 'Infantil')"));
         frmNiveles list;
         list.show();
@@ -409,7 +400,7 @@ private slots:
 
     void newCourseWithNoLevelsAtAllFailsFatally()
     {
-        openYear(TempYear::Fill::Empty);
+        year_.start(TempYear::Fill::Empty);
         frmCursos list;
         list.show();
         int comboItems = -1;
@@ -433,7 +424,7 @@ private slots:
 
     void editedCourseWithNoLevelsStoresLevelZero()
     {
-        openYear(TempYear::Fill::Empty);
+        year_.start(TempYear::Fill::Empty);
         gConexion->Execute(QStringLiteral("INSERT INTO tblCursos (Id, Des, IdNivel) VALUES (1, '1º', 7)"));
         frmCursosFicha ficha;
         ficha.setEstado(1);

@@ -3,7 +3,6 @@
 // purpose (no sum to 100, duplicates, decimals rounded away, Min above Max).
 #include "../support/ModalForm.h"
 #include "../support/ScreenHarness.h"
-#include "../support/TempYear.h"
 #include "../support/YearQueries.h"
 #include "core/Funciones.h"
 #include "core/Modulo.h"
@@ -68,14 +67,8 @@ std::shared_ptr<ModalRun> addType(frmTareasTipos& form, const QString& des, cons
 class TestTaskTypes : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TempYear> year_;
+    SessionYear year_;
     ScreenHarness harness_;
-
-    void openYear(TempYear::Fill fill)
-    {
-        year_ = std::make_unique<TempYear>(fill);
-        gConexion = year_->connect();
-    }
 
     // The screen with Lengua and 5º Primaria A chosen and filtered, on the
     // row of the given type.
@@ -91,16 +84,14 @@ class TestTaskTypes : public QObject {
 private slots:
     void init()
     {
-        openYear(TempYear::Fill::Seeded);
-        gColor = QStringLiteral(" 12632256 ");
+        year_.start(TempYear::Fill::Seeded);
         harness_.start();
     }
 
     void cleanup()
     {
         harness_.finish();
-        gConexion.reset();
-        year_.reset();
+        year_.finish();
     }
 
     // ---- the types grid and the combos
@@ -137,7 +128,7 @@ private slots:
 
     void noTypesGivesAnEmptyGridAndTheButtonsDoNothing()
     {
-        openYear(TempYear::Fill::Empty);
+        year_.start(TempYear::Fill::Empty);
         frmTareasTipos form;
         form.show();
         QCOMPARE(form.mshDatos->Rows(), 0);
@@ -208,7 +199,7 @@ private slots:
 
     void emptyCombosLeaveTheWeightsEmptyWithoutAFailure()
     {
-        openYear(TempYear::Fill::Empty);
+        year_.start(TempYear::Fill::Empty);
         gConexion->Execute(
             QStringLiteral("INSERT INTO tblTareasTipos (Id, Des, Min, Max) VALUES (1, 'Examen', 0, 10)"));
         frmTareasTipos form;

@@ -1,11 +1,9 @@
 #pragma once
-// What the student screen tests share: a seeded year opened as the session
-// with the grey stripes of a configured desktop, message boxes answered from
-// a script, the texts of a grid row, a double click on a grid cell, and
-// whether an action brings up a modal window.
+// What the student screen tests share: the seeded year as the session's with
+// the screen harness (ScreenYear), the texts of a grid row, a double click on
+// a grid cell, and whether an action brings up a modal window.
 #include "../support/ModalForm.h"
 #include "../support/ScreenHarness.h"
-#include "../support/TempYear.h"
 #include "../support/YearQueries.h"
 #include "core/Modulo.h"
 #include "core/ui/FlexGrid.h"
@@ -19,32 +17,7 @@ namespace alumnos_test {
 
 const QColor kStripe(192, 192, 192); // gColor " 12632256 "
 
-class Year {
-public:
-    void open(TempYear::Fill fill = TempYear::Fill::Seeded)
-    {
-        year_ = std::make_unique<TempYear>(fill);
-        gConexion = year_->connect();
-        gColor = QStringLiteral(" 12632256 ");
-        gColor2 = QStringLiteral(" 15790320 ");
-        CodigoAtopado = QVariant();
-        gFilaActual = 0;
-        gAtopar.clear();
-        harness.start();
-    }
-    void close()
-    {
-        harness.finish();
-        gConexion.reset();
-        year_.reset();
-    }
-    const TempYear& year() const { return *year_; }
-
-    ScreenHarness harness;
-
-private:
-    std::unique_ptr<TempYear> year_;
-};
+using Year = ScreenYear;
 
 // The cells of a grid row from column `from` to `to` (the last when -1),
 // joined by " | ".

@@ -99,12 +99,12 @@ protected:
         return mensajes();
     }
 
-    void openYear() { year_.open(); }
+    void openYear() { year_.start(); }
     void closeYear()
     {
         list_.reset();
         FileDialog::reset();
-        year_.close();
+        year_.finish();
     }
 };
 

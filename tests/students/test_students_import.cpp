@@ -90,11 +90,11 @@ class TestStudentsImport : public QObject {
     }
 
 private slots:
-    void init() { year_.open(); }
+    void init() { year_.start(); }
     void cleanup()
     {
         FileDialog::reset();
-        year_.close();
+        year_.finish();
     }
 
     void screenOpensWithTheThreeCombosOnSinDatos()

@@ -45,8 +45,8 @@ class TestStudentsList : public QObject {
     Year year_;
 
 private slots:
-    void init() { year_.open(); }
-    void cleanup() { year_.close(); }
+    void init() { year_.start(); }
+    void cleanup() { year_.finish(); }
 
     // ---- the list
 

@@ -15,8 +15,8 @@ class TestStudentsSearch : public QObject {
     Year year_;
 
 private slots:
-    void init() { year_.open(); }
-    void cleanup() { year_.close(); }
+    void init() { year_.start(); }
+    void cleanup() { year_.finish(); }
 
     void searchAlumnosListsEveryStudentWithItsColumns()
     {

@@ -7,6 +7,7 @@
 //     void init() { harness_.start(); ... }
 //     void cleanup() { harness_.finish(); ... }
 #include "ModalDriver.h"
+#include "SessionYear.h"
 #include "core/ui/MsgBox.h"
 #include "core/ui/RuntimeErrorBox.h"
 
@@ -41,3 +42,24 @@ inline void click(QAbstractButton* button)
 {
     QTest::mouseClick(button, Qt::LeftButton);
 }
+
+// A year as the session's, with the harness around each test of a screen:
+//
+//     void init() { session_.start(); }
+//     void cleanup() { session_.finish(); }
+class ScreenYear : public SessionYear {
+public:
+    void start(TempYear::Fill fill = TempYear::Fill::Seeded)
+    {
+        SessionYear::start(fill);
+        harness.start();
+    }
+
+    void finish()
+    {
+        harness.finish();
+        SessionYear::finish();
+    }
+
+    ScreenHarness harness;
+};

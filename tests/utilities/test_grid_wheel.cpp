@@ -1,7 +1,7 @@
 // The mouse wheel over the grid of a list screen: one line per notch, up or
 // down by the sign, whatever the size of the turn; a screen opened again gets
 // a grid of its own that scrolls the same, and the old one is gone.
-#include "../support/TempYear.h"
+#include "../support/SessionYear.h"
 #include "core/Modulo.h"
 #include "core/ui/FlexGrid.h"
 #include "core/ui/MsgBox.h"
@@ -59,14 +59,12 @@ void checkOneLinePerNotch(FlexGrid* grid)
 class TestGridWheel : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TempYear> year_;
+    SessionYear session_;
 
 private slots:
     void init()
     {
-        year_ = std::make_unique<TempYear>(TempYear::Fill::Empty);
-        gConexion = year_->connect();
-        gColor = QStringLiteral(" 12632256 ");
+        session_.start(TempYear::Fill::Empty);
         gConexion->ExecuteNative(
             QStringLiteral("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 80) "
                            "INSERT INTO tblTareasTipos (Id, Des, Min, Max) SELECT i, 'Tipo ' || i, 0, 10 FROM n;"
@@ -79,8 +77,7 @@ private slots:
     void cleanup()
     {
         MsgBox::reset();
-        gConexion.reset();
-        year_.reset();
+        session_.finish();
     }
 
     void theTaskTypesGridScrollsOneLinePerNotch()

@@ -1,6 +1,6 @@
 // The grid: shape and indices, fixed cells, sizes in twips,
 // colours, sorting, the wheel, binding and the list fill of the list screens.
-#include "../../support/TempYear.h"
+#include "../../support/SessionYear.h"
 #include "core/Modulo.h"
 #include "core/db/Recordset.h"
 #include "core/ui/Colors.h"
@@ -47,20 +47,11 @@ void wheel(QWidget* target, int delta)
 class TestFlexGrid : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TempYear> year_;
+    SessionYear session_;
 
 private slots:
-    void init()
-    {
-        year_ = std::make_unique<TempYear>(TempYear::Fill::Seeded);
-        gConexion = year_->connect();
-        gColor = QStringLiteral(" 12632256 ");
-    }
-    void cleanup()
-    {
-        gConexion.reset();
-        year_.reset();
-    }
+    void init() { session_.start(); }
+    void cleanup() { session_.finish(); }
 
     void newGridHasTwoRowsAndTwoColsOneOfEachFixed()
     {

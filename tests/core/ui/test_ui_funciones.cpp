@@ -1,5 +1,5 @@
 // RellenarCombo, OrdenarGrid and PulsarTecla on a seeded year.
-#include "../../support/TempYear.h"
+#include "../../support/SessionYear.h"
 #include "core/Modulo.h"
 #include "core/ui/FlexGrid.h"
 #include "core/ui/UiFunciones.h"
@@ -45,20 +45,15 @@ void fillMarks(FlexGrid& grid)
 class TestUiFunciones : public QObject {
     Q_OBJECT
 
-    std::unique_ptr<TempYear> year_;
+    SessionYear session_;
 
 private slots:
     void init()
     {
-        year_ = std::make_unique<TempYear>(TempYear::Fill::Seeded);
-        gConexion = year_->connect();
+        session_.start();
         resetOrdenarGrid();
     }
-    void cleanup()
-    {
-        gConexion.reset();
-        year_.reset();
-    }
+    void cleanup() { session_.finish(); }
 
     void rellenarComboAddsTextsInKeyOrder()
     {
