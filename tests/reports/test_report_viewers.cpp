@@ -45,6 +45,14 @@ void clickEntry(frmInforme& form, const QString& text)
     QTest::mouseClick(form.lstInforme->viewport(), Qt::LeftButton, {}, form.lstInforme->visualItemRect(item).center());
 }
 
+// The viewer of the student list reports with a filter, shown.
+void showAlumnos(frmInforme& form, const QString& filtro)
+{
+    form.setTipo(QStringLiteral("Alumnos"));
+    form.setFiltro(filtro);
+    form.show();
+}
+
 QString shownHtml(const ReportViewer& form)
 {
     return form.shownReport() ? form.shownReport()->html() : QString();
@@ -114,9 +122,7 @@ private slots:
     void aClickOpensTheEntryWithTheProgramAndYear()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         clickEntry(form, QStringLiteral("Global"));
         QVERIFY(form.hasReport());
         QCOMPARE(form.shownReport()->name(), QStringLiteral("Alumnos"));
@@ -137,9 +143,7 @@ private slots:
     {
         QFETCH(QString, entry);
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(kListFilter);
-        form.show();
+        showAlumnos(form, kListFilter);
         clickEntry(form, entry);
         const QString html = shownHtml(form);
         QVERIFY(html.contains(QStringLiteral("Castro Ferreño")));
@@ -151,9 +155,7 @@ private slots:
     void theFilterNeverAppliesToTheFinalMarks()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(kListFilter);
-        form.show();
+        showAlumnos(form, kListFilter);
         clickEntry(form, QStringLiteral("Notas Finais"));
         const QString html = shownHtml(form);
         QVERIFY(html.contains(QStringLiteral("García López, Ana")));
@@ -164,9 +166,7 @@ private slots:
     void sinFiltroListsEveryone()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         clickEntry(form, QStringLiteral("Global"));
         QVERIFY(shownHtml(form).contains(QStringLiteral("García López")));
         QVERIFY(shownHtml(form).contains(QStringLiteral("Castro Ferreño")));
@@ -191,9 +191,7 @@ private slots:
     {
         QVERIFY(QFile::remove(fixture_->reportPath(QStringLiteral("Alumnos.rpt"))));
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         MsgBox::setNextAnswer(vbOK);
         clickEntry(form, QStringLiteral("Global"));
         QCOMPARE(MsgBox::shown().size(), 1);
@@ -213,9 +211,7 @@ private slots:
     void anyOtherFailureShowsItsDescription()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("{tblAlumnos.Ape} LIKE '*x"));
-        form.show();
+        showAlumnos(form, QStringLiteral("{tblAlumnos.Ape} LIKE '*x"));
         MsgBox::setNextAnswer(vbOK);
         clickEntry(form, QStringLiteral("Global"));
         QCOMPARE(MsgBox::shown().size(), 1);
@@ -260,9 +256,7 @@ private slots:
     void thePdfEntryWritesTheFileUnderTheBaseAndOpensIt()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         clickEntry(form, QStringLiteral("Global"));
         QTest::mouseClick(form.cmdPDF, Qt::LeftButton); // imp.ini line 2: position 1, "PDF (archivo)"
         const QString expected = fixture_->base() + QStringLiteral("/PDF/Alumnos-20250305-103015.pdf");
@@ -283,9 +277,7 @@ private slots:
     void cmdImpresoraPrintsOnThePrinterOfLineOne()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         clickEntry(form, QStringLiteral("Por Grupos"));
         QTest::mouseClick(form.cmdImpresora, Qt::LeftButton);
         QCOMPARE(printed_, QStringList{QStringLiteral("Aula 2:AlumnosGrupo")});
@@ -308,9 +300,7 @@ private slots:
     {
         writeImpIni(QStringLiteral("5\r\n1\r\n"));
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         clickEntry(form, QStringLiteral("Global"));
         QTest::mouseClick(form.cmdImpresora, Qt::LeftButton);
         QCOMPARE(errors_, QList<int>{9});
@@ -323,9 +313,7 @@ private slots:
     void afterAYearSwitchTheSameReportShowsTheOtherYear()
     {
         frmInforme form;
-        form.setTipo(QStringLiteral("Alumnos"));
-        form.setFiltro(QStringLiteral("Sin Filtro"));
-        form.show();
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
         clickEntry(form, QStringLiteral("Global"));
         QVERIFY(shownHtml(form).contains(QStringLiteral("García López")));
         fixture_->switchYear(ReportFixture::secondYear());
