@@ -83,6 +83,19 @@ class TestPrincipal : public QObject {
         return seen;
     }
 
+    // Presses a button ("cmd...") or picks a menu entry of the main window by
+    // name; what modal form that opened, as opens() tells it.
+    Opened press(frmPrincipal* w, const QString& name)
+    {
+        const QByteArray n = name.toLatin1();
+        return opens(w, [&] {
+            if (name.startsWith(QLatin1String("cmd")))
+                QTest::mouseClick(button(w, n.constData()), Qt::LeftButton);
+            else
+                entry(w, n.constData())->trigger();
+        });
+    }
+
     QStringList visibleWindows() const
     {
         QStringList names;
@@ -302,13 +315,7 @@ private slots:
     {
         QFETCH(QString, name);
         frmPrincipal* w = start();
-        const QByteArray n = name.toLatin1();
-        const Opened seen = opens(w, [&] {
-            if (name.startsWith(QLatin1String("cmd")))
-                QTest::mouseClick(button(w, n.constData()), Qt::LeftButton);
-            else
-                entry(w, n.constData())->trigger();
-        });
+        const Opened seen = press(w, name);
         QCOMPARE(seen.className, QString());
         QVERIFY(w->isVisible());
         QCOMPARE(w->cursor().shape(), Qt::ArrowCursor);
@@ -364,13 +371,7 @@ private slots:
         QFETCH(QString, name);
         QFETCH(QString, form);
         frmPrincipal* w = start();
-        const QByteArray n = name.toLatin1();
-        const Opened seen = opens(w, [&] {
-            if (name.startsWith(QLatin1String("cmd")))
-                QTest::mouseClick(button(w, n.constData()), Qt::LeftButton);
-            else
-                entry(w, n.constData())->trigger();
-        });
+        const Opened seen = press(w, name);
         QCOMPARE(seen.className, form);
         QCOMPARE(seen.callerCursor, Qt::WaitCursor);
         QCOMPARE(w->cursor().shape(), Qt::ArrowCursor);
