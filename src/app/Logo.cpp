@@ -28,20 +28,17 @@ void paintLogo(QPainter& p, const QRectF& area)
     const QColor edge(0xd8, 0xd4, 0xc8);
     p.setPen(QPen(edge, 1.2));
     p.setBrush(paper);
-    QPainterPath left;
-    left.moveTo(50, 30);
-    left.cubicTo(40, 24, 26, 23, 16, 26);
-    left.lineTo(16, 76);
-    left.cubicTo(26, 73, 40, 74, 50, 80);
-    left.closeSubpath();
-    p.drawPath(left);
-    QPainterPath right;
-    right.moveTo(50, 30);
-    right.cubicTo(60, 24, 74, 23, 84, 26);
-    right.lineTo(84, 76);
-    right.cubicTo(74, 73, 60, 74, 50, 80);
-    right.closeSubpath();
-    p.drawPath(right);
+    // The left page, and the right one as its mirror about the spine (x = 50).
+    for (const int side : {-1, 1}) {
+        auto x = [side](qreal offset) { return 50 + side * offset; };
+        QPainterPath page;
+        page.moveTo(50, 30);
+        page.cubicTo(x(10), 24, x(24), 23, x(34), 26);
+        page.lineTo(x(34), 76);
+        page.cubicTo(x(24), 73, x(10), 74, 50, 80);
+        page.closeSubpath();
+        p.drawPath(page);
+    }
 
     // Ruled lines on the left page.
     p.setPen(QPen(QColor(0x9d, 0xb7, 0xd5), 1.6, Qt::SolidLine, Qt::RoundCap));

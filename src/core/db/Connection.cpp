@@ -138,10 +138,10 @@ bool Connection::isDateColumn(const QString& table, const QString& column)
         dateColumns_.emplace();
         sqlite3_stmt* stmt = Prepare(QStringLiteral("SELECT m.name, p.name, p.type FROM sqlite_master AS m JOIN "
                                                     "pragma_table_info(m.name) AS p WHERE m.type = 'table'"));
-        auto text = [stmt](int col) { return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, col))); };
+        auto text = [stmt](int col) { return reinterpret_cast<const char*>(sqlite3_column_text(stmt, col)); };
         while (sqlite3_step(stmt) == SQLITE_ROW)
-            if (columnTypeFromDecl(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 2))) == ColumnType::Date)
-                dateColumns_->insert(key(text(0), text(1)));
+            if (columnTypeFromDecl(text(2)) == ColumnType::Date)
+                dateColumns_->insert(key(QString::fromUtf8(text(0)), QString::fromUtf8(text(1))));
         sqlite3_reset(stmt);
     }
     return dateColumns_->contains(key(table, column));

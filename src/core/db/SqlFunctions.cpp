@@ -56,7 +56,6 @@ QString joinText(const QVariant& v)
     }
 }
 
-// a & b & ...: a Null operand counts as "", all Null gives Null.
 // Texts and Nulls alone are joined as they are stored, byte by byte.
 bool concatTexts(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
@@ -82,6 +81,7 @@ bool concatTexts(sqlite3_context* ctx, int argc, sqlite3_value** argv)
     return true;
 }
 
+// a & b & ...: a Null operand counts as "", all Null gives Null.
 void jetConcat(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
     if (concatTexts(ctx, argc, argv))

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 namespace db {
 
@@ -45,7 +46,7 @@ QVariant TextCache::text(const char* bytes, int size)
     if (slots_.empty())
         slots_.resize(kSlots);
     Slot& slot = slots_[slotOf(bytes, size)];
-    if (slot.value.isValid() && slot.bytes.size() == size_t(size) && std::memcmp(slot.bytes.data(), bytes, size_t(size)) == 0) {
+    if (slot.value.isValid() && slot.bytes == std::string_view(bytes, size_t(size))) {
         ++hits_;
         return slot.value;
     }
@@ -125,7 +126,8 @@ QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type, TextCache* ca
             return textOf(stmt, col, cache);
         return QVariant(sqlite3_column_double(stmt, col));
     case ColumnType::Date:
-        return storage == SQLITE_TEXT ? dateFromIso(textOf(stmt, col, cache)) : QVariant(sqlite3_column_double(stmt, col));
+        return storage == SQLITE_TEXT ? dateFromIso(textOf(stmt, col, cache))
+                                      : QVariant(sqlite3_column_double(stmt, col));
     case ColumnType::Integer:
         if (storage == SQLITE_INTEGER)
             return integerValue(sqlite3_column_int64(stmt, col));

@@ -92,9 +92,10 @@ Screen notaFinal(const char* name, const char* tipo)
             [tipo] {
                 const bool eval = QLatin1String(tipo) == QLatin1String("Eval");
                 db::Recordset rs;
-                rs.Open(eval ? QStringLiteral("SELECT Nota FROM tblNotasEval WHERE IdAlu = 1 AND IdMat = 1 AND IdEval = 1")
-                             : QStringLiteral("SELECT NotaO FROM tblNotasFinal WHERE IdAlu = 1 AND IdMat = 1"),
-                        gConexion);
+                const QString sql =
+                    eval ? QStringLiteral("SELECT Nota FROM tblNotasEval WHERE IdAlu = 1 AND IdMat = 1 AND IdEval = 1")
+                         : QStringLiteral("SELECT NotaO FROM tblNotasFinal WHERE IdAlu = 1 AND IdMat = 1");
+                rs.Open(sql, gConexion);
                 db::Recordset alumno;
                 alumno.Open(QStringLiteral("SELECT Ape & ' ' & Nom AS Nome FROM tblAlumnos WHERE Id = 1"), gConexion);
                 auto* f = new frmNotaFinal;
