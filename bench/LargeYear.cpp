@@ -2,8 +2,8 @@
 
 #include "setup/DemoRandom.h"
 
-#include "core/db/Schema.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Schema.h"
+#include "vb/RuntimeError.h"
 
 #include <QCoreApplication>
 #include <QDate>

@@ -9,10 +9,10 @@
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareas.h"
 #include "core/Modulo.h"
-#include "core/db/Connection.h"
-#include "core/db/Recordset.h"
-#include "core/ui/FlexGrid.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Connection.h"
+#include "db/Recordset.h"
+#include "ui/FlexGrid.h"
+#include "vb/RuntimeError.h"
 
 #include <QComboBox>
 #include <QLineEdit>

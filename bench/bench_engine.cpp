@@ -5,10 +5,10 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "core/db/Connection.h"
-#include "core/db/JetSql.h"
-#include "core/db/Recordset.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Connection.h"
+#include "db/JetSql.h"
+#include "db/Recordset.h"
+#include "vb/RuntimeError.h"
 
 #include <QElapsedTimer>
 #include <QString>

@@ -10,7 +10,7 @@
 #include "ScreenBench.h"
 
 #include "core/Modulo.h"
-#include "core/ui/FlexGrid.h"
+#include "ui/FlexGrid.h"
 #include "students/frmAlumnos.h"
 
 #include <QLineEdit>

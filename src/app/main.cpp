@@ -1,7 +1,7 @@
 // cadernia: the class book. Start it from its own folder: the print staging
 // files are found through the relative path Impresion/.
-#include "core/Main.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "app/Main.h"
+#include "ui/RuntimeErrorBox.h"
 
 int main(int argc, char** argv)
 {

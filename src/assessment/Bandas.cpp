@@ -1,7 +1,7 @@
 #include "assessment/Bandas.h"
 
-#include "core/ui/Colors.h"
-#include "core/vb/Vb.h"
+#include "ui/Colors.h"
+#include "vb/Vb.h"
 
 namespace bandas {
 

@@ -1,9 +1,9 @@
 #include "assessment/NotaDialog.h"
 
-#include "core/ui/EntryConventions.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/MsgBox.h"
-#include "core/vb/Vb.h"
+#include "ui/EntryConventions.h"
+#include "ui/FichaForm.h"
+#include "ui/MsgBox.h"
+#include "vb/Vb.h"
 
 #include <QFormLayout>
 #include <QHBoxLayout>

@@ -8,7 +8,7 @@
 // through single precision and back to text: a like pair of statements that
 // differ on purpose ("8,123456789" is inserted as 8.123456789 and updated
 // as 8.123457).
-#include "core/ui/Form.h"
+#include "ui/Form.h"
 
 class QFormLayout;
 class QHBoxLayout;

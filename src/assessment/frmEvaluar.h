@@ -12,8 +12,8 @@
 // ("<marks>/<students>") but not in the percentages. After a delete the
 // statistics are deliberately left as they were until the next change of a
 // mark.
-#include "core/db/Recordset.h"
-#include "core/ui/Form.h"
+#include "db/Recordset.h"
+#include "ui/Form.h"
 
 class FlexGrid;
 class QLabel;

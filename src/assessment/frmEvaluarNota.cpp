@@ -2,10 +2,10 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "core/db/Recordset.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/MsgBox.h"
-#include "core/vb/Vb.h"
+#include "db/Recordset.h"
+#include "ui/FichaForm.h"
+#include "ui/MsgBox.h"
+#include "vb/Vb.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -2,9 +2,9 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "core/db/Recordset.h"
-#include "core/ui/FichaForm.h"
-#include "core/vb/Vb.h"
+#include "db/Recordset.h"
+#include "ui/FichaForm.h"
+#include "vb/Vb.h"
 
 #include <QLineEdit>
 #include <QPushButton>

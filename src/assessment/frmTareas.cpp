@@ -3,11 +3,11 @@
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
-#include "core/ui/EntryConventions.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/FlexGrid.h"
-#include "core/ui/MsgBox.h"
-#include "core/vb/Vb.h"
+#include "ui/EntryConventions.h"
+#include "ui/FichaForm.h"
+#include "ui/FlexGrid.h"
+#include "ui/MsgBox.h"
+#include "vb/Vb.h"
 
 #include <QCheckBox>
 #include <QComboBox>

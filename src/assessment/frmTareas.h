@@ -9,8 +9,8 @@
 // filter. "Nuevo" brings the group and subject back to TODOS and TODAS, as
 // the whole start-up runs again when the list becomes active; "Editar" and
 // the other screens of a row keep them.
-#include "core/db/Recordset.h"
-#include "core/ui/ListForm.h"
+#include "db/Recordset.h"
+#include "ui/ListForm.h"
 
 class QCheckBox;
 class QComboBox;

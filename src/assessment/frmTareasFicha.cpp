@@ -1,7 +1,7 @@
 #include "assessment/frmTareasFicha.h"
 
-#include "core/ui/MaskEdit.h"
-#include "core/vb/Vb.h"
+#include "ui/MaskEdit.h"
+#include "vb/Vb.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -3,7 +3,7 @@
 // and subject chosen by their texts, the two optional dates, remarks, and
 // whether it counts for the mark and is finished. The list sets Estado
 // (0 new, 1 edit) and Id, then the caption, and shows it modal.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class MaskEdit;
 class QCheckBox;

@@ -1,8 +1,8 @@
 #include "core/Funciones.h"
 
 #include "core/Modulo.h"
-#include "core/db/Recordset.h"
-#include "core/vb/Vb.h"
+#include "db/Recordset.h"
+#include "vb/Vb.h"
 
 qint32 SiguienteId(const QString& tabla, const QString& columna, const QString& serie)
 {

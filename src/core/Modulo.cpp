@@ -1,6 +1,6 @@
 #include "core/Modulo.h"
 
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 
 #include <QCoreApplication>
 #include <QFile>

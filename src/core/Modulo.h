@@ -2,7 +2,7 @@
 // The session globals and the configuration readers. Configuration lives only
 // in one-line text files: ruta.ini, ano.ini, color.ini, color2.ini and imp.ini
 // beside the program (and color files under the base folder).
-#include "core/db/Connection.h"
+#include "db/Connection.h"
 
 #include <QString>
 #include <QVariant>

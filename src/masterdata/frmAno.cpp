@@ -1,9 +1,9 @@
 #include "masterdata/frmAno.h"
 
 #include "core/Modulo.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "ui/FichaForm.h"
+#include "ui/MsgBox.h"
+#include "ui/RuntimeErrorBox.h"
 #include "utilities/Compactar.h"
 #include "utilities/ConfigLine.h"
 #include "utilities/DatabaseCopy.h"

@@ -4,7 +4,7 @@
 // current year; "Crear Curso" makes a new year out of the current one: the
 // folder copied, the year's work emptied (students, marks, tasks, diary,
 // sessions, rubrics), the frame kept, the copy compacted.
-#include "core/ui/Form.h"
+#include "ui/Form.h"
 
 class QGroupBox;
 class QLineEdit;

@@ -1,6 +1,6 @@
 #pragma once
 // The list of courses (tblCursos), each with its level.
-#include "core/ui/ListForm.h"
+#include "ui/ListForm.h"
 
 class frmCursos : public ListForm {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #pragma once
 // The entry form of a course: key, description and level, the level chosen
 // by its text.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class QComboBox;
 

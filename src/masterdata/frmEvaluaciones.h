@@ -1,6 +1,6 @@
 #pragma once
 // The list of evaluation periods (tblEvaluaciones).
-#include "core/ui/ListForm.h"
+#include "ui/ListForm.h"
 
 class frmEvaluaciones : public ListForm {
     Q_OBJECT

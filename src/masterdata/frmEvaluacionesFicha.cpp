@@ -1,8 +1,8 @@
 #include "masterdata/frmEvaluacionesFicha.h"
 
-#include "core/ui/EntryConventions.h"
-#include "core/ui/MaskEdit.h"
-#include "core/vb/Vb.h"
+#include "ui/EntryConventions.h"
+#include "ui/MaskEdit.h"
+#include "vb/Vb.h"
 
 #include <QLineEdit>
 

@@ -1,7 +1,7 @@
 #pragma once
 // The entry form of an evaluation period: key, description, date (which may
 // stay empty) and notes.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class MaskEdit;
 

@@ -1,7 +1,7 @@
 #pragma once
 // The list of groups (tblGrupos), each with its course and whether the
 // teacher tutors it.
-#include "core/ui/ListForm.h"
+#include "ui/ListForm.h"
 
 class frmGrupos : public ListForm {
     Q_OBJECT

@@ -1,7 +1,7 @@
 #pragma once
 // The entry form of a group: key, description, course (chosen by its text)
 // and whether the teacher tutors it.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class QCheckBox;
 class QComboBox;

@@ -1,6 +1,6 @@
 #pragma once
 // The list of subjects (tblMaterias), by name; the key is not shown.
-#include "core/ui/ListForm.h"
+#include "ui/ListForm.h"
 
 class frmMaterias : public ListForm {
     Q_OBJECT

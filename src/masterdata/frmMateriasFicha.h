@@ -1,6 +1,6 @@
 #pragma once
 // The entry form of a subject: key, name and notes.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class frmMateriasFicha : public FichaForm {
     Q_OBJECT

@@ -1,6 +1,6 @@
 #pragma once
 // The list of levels (tblNiveles).
-#include "core/ui/ListForm.h"
+#include "ui/ListForm.h"
 
 class frmNiveles : public ListForm {
     Q_OBJECT

@@ -1,6 +1,6 @@
 #pragma once
 // The entry form of a level: its key and description.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class frmNivelesFicha : public FichaForm {
     Q_OBJECT

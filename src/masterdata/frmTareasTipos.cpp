@@ -1,12 +1,12 @@
 #include "masterdata/frmTareasTipos.h"
 
 #include "core/Modulo.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/FlexGrid.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/RuntimeErrorBox.h"
-#include "core/ui/UiFunciones.h"
-#include "core/vb/Vb.h"
+#include "ui/FichaForm.h"
+#include "ui/FlexGrid.h"
+#include "ui/MsgBox.h"
+#include "ui/RuntimeErrorBox.h"
+#include "ui/UiFunciones.h"
+#include "vb/Vb.h"
 #include "masterdata/frmTareasTiposFicha.h"
 #include "masterdata/frmTareasTiposValores.h"
 

@@ -3,8 +3,8 @@
 // the weights of the selected type for the subject and group chosen above.
 // A change of row refills the weights, and so does "&Filtrar"; a change of
 // subject or group alone does not, on purpose.
-#include "core/db/Recordset.h"
-#include "core/ui/Form.h"
+#include "db/Recordset.h"
+#include "ui/Form.h"
 
 class FlexGrid;
 class QComboBox;

@@ -1,7 +1,7 @@
 #include "masterdata/frmTareasTiposFicha.h"
 
-#include "core/ui/EntryConventions.h"
-#include "core/vb/Vb.h"
+#include "ui/EntryConventions.h"
+#include "vb/Vb.h"
 
 #include <QLineEdit>
 

@@ -1,7 +1,7 @@
 #pragma once
 // The entry form of a task type: its name, the lowest and highest mark of
 // its tasks, and notes. Nothing compares the two marks.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class frmTareasTiposFicha : public FichaForm {
     Q_OBJECT

@@ -1,9 +1,9 @@
 #include "masterdata/frmTareasTiposValores.h"
 
-#include "core/ui/EntryConventions.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/UiFunciones.h"
-#include "core/vb/Vb.h"
+#include "ui/EntryConventions.h"
+#include "ui/MsgBox.h"
+#include "ui/UiFunciones.h"
+#include "vb/Vb.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -3,7 +3,7 @@
 // count in one evaluation, for the subject and group the list chose. No sum
 // to 100 is asked for, any whole number is taken, and a second weight for the
 // same evaluation is accepted.
-#include "core/ui/FichaForm.h"
+#include "ui/FichaForm.h"
 
 class QComboBox;
 

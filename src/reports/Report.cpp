@@ -1,7 +1,7 @@
 #include "reports/Report.h"
 
-#include "core/db/Connection.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Connection.h"
+#include "vb/RuntimeError.h"
 #include "reports/ReportData.h"
 #include "reports/ReportSeams.h"
 #include "reports/SelectionFormula.h"

@@ -1,8 +1,8 @@
 #include "reports/ReportData.h"
 
-#include "core/db/Recordset.h"
-#include "core/vb/RuntimeError.h"
-#include "core/vb/Vb.h"
+#include "db/Recordset.h"
+#include "vb/RuntimeError.h"
+#include "vb/Vb.h"
 #include "reports/ReportErrors.h"
 
 #include <QDateTime>

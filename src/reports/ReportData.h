@@ -4,7 +4,7 @@
 // sees them, and the Mustache rendering over them.
 //
 // What a template can name is told in data/reports/README.md.
-#include "core/db/Connection.h"
+#include "db/Connection.h"
 #include "reports/ReportDefinition.h"
 
 #include <QDate>

@@ -1,6 +1,6 @@
 #include "reports/ReportDefinition.h"
 
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 #include "reports/ReportErrors.h"
 
 #include <QRegularExpression>

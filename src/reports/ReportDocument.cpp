@@ -1,6 +1,6 @@
 #include "reports/ReportDocument.h"
 
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>

@@ -1,10 +1,10 @@
 #include "reports/ReportViewer.h"
 
 #include "core/Modulo.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/Printers.h"
-#include "core/ui/RuntimeErrorBox.h"
-#include "core/vb/Vb.h"
+#include "ui/MsgBox.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
+#include "vb/Vb.h"
 #include "reports/Report.h"
 #include "reports/ReportSeams.h"
 

@@ -8,7 +8,7 @@
 // usable with no report. Printing is not: a printer position beyond the list
 // ends in the run-time error handler. After printing the report is released:
 // the preview still shows it, but a further print needs a new preview.
-#include "core/ui/Form.h"
+#include "ui/Form.h"
 
 #include <QHash>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "reports/SelectionFormula.h"
 
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 #include "reports/ReportErrors.h"
 
 #include <QList>

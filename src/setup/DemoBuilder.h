@@ -2,7 +2,7 @@
 // The demo year is kept in memory while it is written, so that the later
 // tables (evaluation marks, final marks, the tutor's marks) follow from the
 // task marks, as a teacher would have typed them.
-#include "core/db/Connection.h"
+#include "db/Connection.h"
 #include "setup/DemoNames.h"
 #include "setup/DemoRandom.h"
 #include "setup/DemoYear.h"

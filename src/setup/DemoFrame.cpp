@@ -1,7 +1,7 @@
 // The frame of the demo year: catalogues, students, weights and timetable.
 #include "setup/DemoBuilder.h"
 
-#include "core/db/SqlValue.h"
+#include "db/SqlValue.h"
 
 #include <QSet>
 #include <QTime>

@@ -1,7 +1,7 @@
 #pragma once
 // The demo class book: a realistic, deterministic school year for a newcomer
 // to look at, and for trying screens by hand.
-#include "core/db/Connection.h"
+#include "db/Connection.h"
 
 #include <QDate>
 

@@ -2,9 +2,9 @@
 
 #include "reports/ReportFiles.h"
 
-#include "core/db/Connection.h"
-#include "core/db/Schema.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Connection.h"
+#include "db/Schema.h"
+#include "vb/RuntimeError.h"
 
 #include <QCoreApplication>
 #include <QDir>

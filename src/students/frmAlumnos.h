@@ -7,8 +7,8 @@
 // The list's recordset stays open while the screen lives: the sheet walks it
 // with its previous and next buttons, in the order and under the filter the
 // list shows.
-#include "core/db/Recordset.h"
-#include "core/ui/Form.h"
+#include "db/Recordset.h"
+#include "ui/Form.h"
 
 class FlexGrid;
 class QLabel;

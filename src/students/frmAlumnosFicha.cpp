@@ -5,10 +5,10 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "core/ui/Colors.h"
-#include "core/ui/Dialogs.h"
-#include "core/ui/EntryConventions.h"
-#include "core/ui/MaskEdit.h"
+#include "ui/Colors.h"
+#include "ui/Dialogs.h"
+#include "ui/EntryConventions.h"
+#include "ui/MaskEdit.h"
 
 #include <QComboBox>
 #include <QEvent>

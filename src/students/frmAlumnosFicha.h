@@ -18,9 +18,9 @@
 // The sheet stays open after a save and keeps its mode. Previous, next and
 // search walk the opener's recordset, which they move; changes not saved are
 // dropped without a question.
-#include "core/db/Recordset.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/Form.h"
+#include "db/Recordset.h"
+#include "ui/FichaForm.h"
+#include "ui/Form.h"
 
 #include <vector>
 

@@ -4,9 +4,9 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "core/ui/MaskEdit.h"
-#include "core/ui/MsgBox.h"
-#include "core/vb/Vb.h"
+#include "ui/MaskEdit.h"
+#include "ui/MsgBox.h"
+#include "vb/Vb.h"
 
 #include <QComboBox>
 #include <QLineEdit>

@@ -3,7 +3,7 @@
 #include "students/frmAlumnosFicha.h"
 
 #include "core/Modulo.h"
-#include "core/vb/Vb.h"
+#include "vb/Vb.h"
 #include "students/frmAtopar.h"
 
 #include <QLineEdit>

@@ -1,9 +1,9 @@
 #include "students/frmAtopar.h"
 
 #include "core/Modulo.h"
-#include "core/ui/EntryConventions.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/FlexGrid.h"
+#include "ui/EntryConventions.h"
+#include "ui/FichaForm.h"
+#include "ui/FlexGrid.h"
 #include "students/ConsultasAlumnos.h"
 
 #include <QHBoxLayout>

@@ -16,8 +16,8 @@
 // "AlumnoTutoria" only the students of the groups the teacher tutors. A
 // double click or Enter on a row chooses it and closes the dialog; closing it
 // any other way chooses nobody.
-#include "core/db/Recordset.h"
-#include "core/ui/Form.h"
+#include "db/Recordset.h"
+#include "ui/Form.h"
 
 class FlexGrid;
 class QLineEdit;

@@ -1,9 +1,9 @@
 #include "students/frmComunicacionRecibir.h"
 
 #include "core/Modulo.h"
-#include "core/ui/Dialogs.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/MsgBox.h"
+#include "ui/Dialogs.h"
+#include "ui/FichaForm.h"
+#include "ui/MsgBox.h"
 
 #include <QComboBox>
 #include <QFile>

@@ -4,8 +4,8 @@
 // of the file is "<key>#<surnames>#<name>#"; nothing is checked, keys are
 // taken as they stand, and the first line the database refuses ends the run
 // with the lines before it imported.
-#include "core/db/Recordset.h"
-#include "core/ui/Form.h"
+#include "db/Recordset.h"
+#include "ui/Form.h"
 
 class QComboBox;
 class QLabel;

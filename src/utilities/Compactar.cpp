@@ -1,9 +1,9 @@
 #include "utilities/Compactar.h"
 
 #include "core/Modulo.h"
-#include "core/ui/MsgBox.h"
-#include "core/vb/RuntimeError.h"
-#include "core/vb/Vb.h"
+#include "ui/MsgBox.h"
+#include "vb/RuntimeError.h"
+#include "vb/Vb.h"
 #include "utilities/DatabaseCopy.h"
 
 #include <QDir>

@@ -1,6 +1,6 @@
 #include "utilities/ConfigLine.h"
 
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 
 #include <QSaveFile>
 

@@ -1,7 +1,7 @@
 #include "utilities/DatabaseCopy.h"
 
-#include "core/db/Connection.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Connection.h"
+#include "vb/RuntimeError.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,9 +1,9 @@
 #include "utilities/frmColor.h"
 
 #include "core/Modulo.h"
-#include "core/ui/Colors.h"
-#include "core/ui/Dialogs.h"
-#include "core/ui/FichaForm.h"
+#include "ui/Colors.h"
+#include "ui/Dialogs.h"
+#include "ui/FichaForm.h"
 #include "utilities/ConfigLine.h"
 
 #include <QHBoxLayout>

@@ -3,7 +3,7 @@
 // marks the field with the focus; gColor2 is the background of data
 // sections. Accepted colours take effect at once and are written to
 // color.ini and color2.ini under the base folder.
-#include "core/ui/Form.h"
+#include "ui/Form.h"
 
 class QPushButton;
 

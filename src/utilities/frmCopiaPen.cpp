@@ -1,9 +1,9 @@
 #include "utilities/frmCopiaPen.h"
 
 #include "core/Modulo.h"
-#include "core/ui/Colors.h"
-#include "core/ui/FichaForm.h"
-#include "core/ui/MsgBox.h"
+#include "ui/Colors.h"
+#include "ui/FichaForm.h"
+#include "ui/MsgBox.h"
 #include "utilities/DatabaseCopy.h"
 
 #include <QCloseEvent>

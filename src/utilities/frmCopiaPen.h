@@ -2,7 +2,7 @@
 // "Copia de Seguridad": copies the year's database to a drive, under
 // <drive>/CopiaCadernia/<year>, and brings a copy back. The drives are the
 // mounted volumes; the only way out is cmdCerrar (the window has no close box).
-#include "core/ui/Form.h"
+#include "ui/Form.h"
 
 #include <QList>
 #include <QString>

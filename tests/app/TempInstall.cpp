@@ -1,8 +1,8 @@
 #include "TempInstall.h"
 
 #include "../support/TempYear.h"
-#include "core/db/Connection.h"
-#include "core/db/Schema.h"
+#include "db/Connection.h"
+#include "db/Schema.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -1,6 +1,6 @@
 // The about box: title, contact lines, the picture that opens the web page
 // and the two click targets that close it.
-#include "core/frmAcercaDe.h"
+#include "app/frmAcercaDe.h"
 
 #include <QLabel>
 #include <QtTest>

@@ -3,10 +3,10 @@
 #include "ModalDriver.h"
 #include "TempInstall.h"
 #include "core/Modulo.h"
-#include "core/frmConfiguracion.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/Printers.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "app/frmConfiguracion.h"
+#include "ui/MsgBox.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
 
 #include <QComboBox>
 #include <QGroupBox>

@@ -2,12 +2,12 @@
 // entries that do nothing, the forms they open and the shut-down question.
 #include "ModalDriver.h"
 #include "TempInstall.h"
-#include "core/Main.h"
+#include "app/Main.h"
 #include "core/Modulo.h"
-#include "core/frmPrincipal.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/Printers.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "app/frmPrincipal.h"
+#include "ui/MsgBox.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
 
 #include <QAction>
 #include <QGroupBox>

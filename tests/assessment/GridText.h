@@ -1,6 +1,6 @@
 #pragma once
 // Reading the grids and combos of the assessment screens back in tests.
-#include "core/ui/FlexGrid.h"
+#include "ui/FlexGrid.h"
 
 #include <QComboBox>
 #include <QList>

@@ -5,7 +5,7 @@
 #include "../support/ScreenHarness.h"
 #include "assessment/frmEvaluarNota.h"
 #include "core/Modulo.h"
-#include "core/ui/Colors.h"
+#include "ui/Colors.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -10,7 +10,7 @@
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmEvaluarNota.h"
 #include "core/Modulo.h"
-#include "core/ui/Colors.h"
+#include "ui/Colors.h"
 #include "reports/ReportDocument.h"
 #include "reports/frmInforme.h"
 #ifdef CADERNIA_STUDENT_SHEET

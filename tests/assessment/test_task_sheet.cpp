@@ -6,7 +6,7 @@
 #include "../support/ScreenHarness.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
-#include "core/ui/MaskEdit.h"
+#include "ui/MaskEdit.h"
 
 #include <QCheckBox>
 #include <QComboBox>

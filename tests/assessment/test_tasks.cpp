@@ -9,8 +9,8 @@
 #include "assessment/frmTareas.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
-#include "core/ui/Colors.h"
-#include "core/ui/MaskEdit.h"
+#include "ui/Colors.h"
+#include "ui/MaskEdit.h"
 
 #include <QCheckBox>
 #include <QLabel>

@@ -3,8 +3,8 @@
 #include "core/Funciones.h"
 #include "core/MesALetra.h"
 #include "core/Modulo.h"
-#include "core/db/Recordset.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Recordset.h"
+#include "vb/RuntimeError.h"
 
 #include <QtTest>
 

@@ -2,9 +2,9 @@
 #include "../support/RuntimeErrors.h"
 #include "../support/TempYear.h"
 #include "core/Modulo.h"
-#include "core/db/Schema.h"
-#include "core/vb/RuntimeError.h"
-#include "core/vb/Vb.h"
+#include "db/Schema.h"
+#include "vb/RuntimeError.h"
+#include "vb/Vb.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,8 +2,8 @@
 
 #include "TempYear.h"
 #include "core/Modulo.h"
-#include "core/db/Connection.h"
-#include "core/db/Schema.h"
+#include "db/Connection.h"
+#include "db/Schema.h"
 #include "reports/ReportFiles.h"
 #include "reports/ReportSeams.h"
 

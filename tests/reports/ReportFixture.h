@@ -1,6 +1,6 @@
 #pragma once
 // A base folder for report tests: the shipped report files under Informes,
-// the sample year of tests/core/db/seed.sql as "2024-25", a smaller second
+// the sample year of tests/db/seed.sql as "2024-25", a smaller second
 // year "2025-26", and a program folder whose Impresion/Impresion.mdb holds
 // one staged student record. The session globals point at the first year,
 // the current directory is the program folder, and the reports' clock

@@ -8,7 +8,7 @@
 // PDF files there, to look at the pages.
 #include "ReportFixture.h"
 #include "core/Modulo.h"
-#include "core/ui/MsgBox.h"
+#include "ui/MsgBox.h"
 #include "reports/Catalogue.h"
 #include "reports/Report.h"
 #include "reports/ReportViewer.h"

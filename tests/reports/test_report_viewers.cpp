@@ -3,9 +3,9 @@
 // entry, the release after printing, and the year switch.
 #include "ReportFixture.h"
 #include "core/Modulo.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/Printers.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "ui/MsgBox.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
 #include "reports/ReportDocument.h"
 #include "reports/ReportSeams.h"
 #include "reports/frmInforme.h"

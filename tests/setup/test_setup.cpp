@@ -3,10 +3,10 @@
 // demo year read back through the data engine.
 #include "setup/Setup.h"
 
-#include "core/db/Connection.h"
-#include "core/db/Recordset.h"
-#include "core/db/Schema.h"
-#include "core/vb/RuntimeError.h"
+#include "db/Connection.h"
+#include "db/Recordset.h"
+#include "db/Schema.h"
+#include "vb/RuntimeError.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>

@@ -6,7 +6,7 @@
 #include "../support/ScreenHarness.h"
 #include "../support/YearQueries.h"
 #include "core/Modulo.h"
-#include "core/ui/FlexGrid.h"
+#include "ui/FlexGrid.h"
 
 #include <QtTest>
 

@@ -2,8 +2,8 @@
 // file dialog, the checks before importing, and the reading of ".alu" lines
 // from the sample files of tests/students/data.
 #include "AlumnosTest.h"
-#include "core/ui/Dialogs.h"
-#include "core/ui/MsgBox.h"
+#include "ui/Dialogs.h"
+#include "ui/MsgBox.h"
 #include "students/frmComunicacionRecibir.h"
 
 #include <QComboBox>

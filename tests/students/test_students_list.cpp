@@ -1,8 +1,8 @@
 // The student list on a seeded year: the query and its filter, the grid, the
 // AV mark, the sheet opened to edit or add, the delete and the reports.
 #include "AlumnosTest.h"
-#include "core/ui/Colors.h"
-#include "core/ui/MsgBox.h"
+#include "ui/Colors.h"
+#include "ui/MsgBox.h"
 #include "reports/ReportDocument.h"
 #include "reports/ReportFiles.h"
 #include "reports/frmInforme.h"

@@ -2,8 +2,8 @@
 // loaded and saved in both modes, the two validations with their order of
 // verdicts, and the photo.
 #include "FichaTest.h"
-#include "core/ui/Colors.h"
-#include "core/ui/Dialogs.h"
+#include "ui/Colors.h"
+#include "ui/Dialogs.h"
 
 #include <QFile>
 #include <QFrame>

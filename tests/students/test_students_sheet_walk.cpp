@@ -2,8 +2,8 @@
 // the list's order and filter, a student chosen in the search dialog, the
 // consultation without buttons, and the entry conventions of its fields.
 #include "FichaTest.h"
-#include "core/ui/Colors.h"
-#include "core/ui/Dialogs.h"
+#include "ui/Colors.h"
+#include "ui/Dialogs.h"
 #include "students/frmAtopar.h"
 
 #include <QFrame>

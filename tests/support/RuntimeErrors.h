@@ -1,6 +1,6 @@
 #pragma once
 // The number of the run-time error a piece of code raises, 0 when it raises none.
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 
 #include <functional>
 

@@ -8,8 +8,8 @@
 //     void cleanup() { harness_.finish(); ... }
 #include "ModalDriver.h"
 #include "SessionYear.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "ui/MsgBox.h"
+#include "ui/RuntimeErrorBox.h"
 
 #include <QAbstractButton>
 #include <QList>

@@ -1,6 +1,6 @@
 #include "TempYear.h"
 
-#include "core/db/Schema.h"
+#include "db/Schema.h"
 
 #include <QFile>
 
@@ -22,4 +22,4 @@ QString TempYear::sourceFile(const QString& relative)
     return QString::fromUtf8(f.readAll());
 }
 
-QString TempYear::seedSql() { return sourceFile(QStringLiteral("tests/core/db/seed.sql")); }
+QString TempYear::seedSql() { return sourceFile(QStringLiteral("tests/db/seed.sql")); }

@@ -1,8 +1,8 @@
 #pragma once
 // A throw-away year database for tests: a temporary folder holding an empty
 // Xestion.mdb of the full schema, optionally filled with the sample rows of
-// tests/core/db/seed.sql.
-#include "core/db/Connection.h"
+// tests/db/seed.sql.
+#include "db/Connection.h"
 
 #include <QString>
 #include <QTemporaryDir>

@@ -2,8 +2,8 @@
 // Reading a year back in tests: one value of a query, the rows of a table,
 // and what a database file holds as a whole.
 #include "core/Modulo.h"
-#include "core/db/Connection.h"
-#include "core/db/Recordset.h"
+#include "db/Connection.h"
+#include "db/Recordset.h"
 
 #include <QMap>
 #include <QString>

@@ -4,9 +4,9 @@
 // under the base folder, byte for byte.
 #include "../support/OpenInstall.h"
 #include "../support/ScreenHarness.h"
-#include "core/ui/Colors.h"
-#include "core/ui/Dialogs.h"
-#include "core/ui/FlexGrid.h"
+#include "ui/Colors.h"
+#include "ui/Dialogs.h"
+#include "ui/FlexGrid.h"
 #include "masterdata/frmEvaluaciones.h"
 #include "utilities/frmColor.h"
 

@@ -3,8 +3,8 @@
 // a grid of its own that scrolls the same, and the old one is gone.
 #include "../support/SessionYear.h"
 #include "core/Modulo.h"
-#include "core/ui/FlexGrid.h"
-#include "core/ui/MsgBox.h"
+#include "ui/FlexGrid.h"
+#include "ui/MsgBox.h"
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmTareasTipos.h"
 

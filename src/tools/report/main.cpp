@@ -5,7 +5,7 @@
 // holds), YEAR the year's folder under it; the student record (KEY
 // FichaAlumno) reads Impresion/Impresion.mdb under the current directory.
 #include "core/Modulo.h"
-#include "core/vb/RuntimeError.h"
+#include "vb/RuntimeError.h"
 #include "reports/Catalogue.h"
 #include "reports/Report.h"
 #include "reports/ReportSeams.h"

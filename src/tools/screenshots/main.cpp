@@ -2,9 +2,9 @@
 // on a fresh demo year to OUTDIR/<name>.png, for checking layouts by eye.
 // Run it under a display server (`xvfb-run -a`); with NAMEs only those.
 #include "core/Modulo.h"
-#include "core/ui/MsgBox.h"
-#include "core/ui/Printers.h"
-#include "core/ui/RuntimeErrorBox.h"
+#include "ui/MsgBox.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
 #include "setup/Setup.h"
 #include "tools/screenshots/Screens.h"
 

@@ -3,12 +3,12 @@
 //   cadernia-sql --translate 'STATEMENT'          the SQLite text it runs as
 //   cadernia-sql --create YEAR_DB                 a new, empty year of the full schema
 //   cadernia-sql --create-print IMPRESION_DB      a new, empty print staging database
-#include "core/db/Connection.h"
-#include "core/db/JetSql.h"
-#include "core/db/Recordset.h"
-#include "core/db/Schema.h"
-#include "core/vb/RuntimeError.h"
-#include "core/vb/Vb.h"
+#include "db/Connection.h"
+#include "db/JetSql.h"
+#include "db/Recordset.h"
+#include "db/Schema.h"
+#include "vb/RuntimeError.h"
+#include "vb/Vb.h"
 
 #include <QCoreApplication>
 #include <QDate>

@@ -1,0 +1,67 @@
+#pragma once
+// A session on one year's database file. Statements in the system's dialect
+// are translated (JetSql), prepared once and kept in a cache by their text.
+#include "db/JetSql.h"
+
+#include <QHash>
+#include <QSet>
+#include <QString>
+#include <memory>
+#include <optional>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+namespace db {
+
+class Connection {
+public:
+    // Opens an existing database file for reading and writing. A missing file,
+    // or one that is not an SQLite database (an old Jet file, say), throws
+    // RuntimeError with a message that names the path.
+    static std::shared_ptr<Connection> Open(const QString& path);
+    // Creates the file if it is missing: for the installer and the schema.
+    static std::shared_ptr<Connection> Create(const QString& path);
+
+    ~Connection();
+    Connection(const Connection&) = delete;
+    Connection& operator=(const Connection&) = delete;
+
+    void Close();
+    bool IsOpen() const { return db_ != nullptr; }
+    const QString& Path() const { return path_; }
+
+    // Runs one statement of the dialect; returns the rows it changed.
+    int Execute(const QString& statement);
+    // Runs SQLite text as it stands (schema, maintenance); several statements allowed.
+    void ExecuteNative(const QString& sql);
+
+    // Translation, cached by text.
+    const Translation& Translate(const QString& statement, bool rowids = false);
+
+    // A prepared statement from the cache, reset and ready to step. The
+    // caller steps it and must not finalize it.
+    sqlite3_stmt* Prepare(const QString& sqliteText);
+    // Throws the RuntimeError of the last failure of this connection.
+    [[noreturn]] void Fail(const QString& context = QString()) const;
+
+    sqlite3* Handle() const { return db_; }
+
+private:
+    explicit Connection(const QString& path);
+    void openFile(bool create);
+    void clearCache();
+    // Whether table.column is declared a date; the year's schema is read
+    // once, at the first question.
+    bool isDateColumn(const QString& table, const QString& column);
+
+    QString path_;
+    sqlite3* db_ = nullptr;
+    QHash<QString, sqlite3_stmt*> statements_;
+    QHash<QString, Translation> translations_[2];
+    std::optional<QSet<QString>> dateColumns_; // "table.column", lower case
+};
+
+using ConnectionPtr = std::shared_ptr<Connection>;
+
+} // namespace db

@@ -1,0 +1,145 @@
+// The masked box of dates and times, alone and with the date conventions.
+#include "core/Modulo.h"
+#include "ui/Colors.h"
+#include "ui/EntryConventions.h"
+#include "ui/MaskEdit.h"
+
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <QtTest>
+
+class TestMaskEdit : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { gColor = QStringLiteral(" 12632256 "); }
+
+    void emptyDateReadsItsPlaceholdersWhileMasked()
+    {
+        MaskEdit box;
+        box.setMask(QStringLiteral("##/##/####"));
+        QCOMPARE(box.Text(), QStringLiteral("__/__/____"));
+        QCOMPARE(box.displayText(), QStringLiteral("__/__/____"));
+    }
+
+    void typedDigitsFillTheMask()
+    {
+        MaskEdit box;
+        box.setMask(QStringLiteral("##/##/####"));
+        box.show();
+        box.setFocus();
+        box.setCursorPosition(0);
+        QTest::keyClicks(&box, QStringLiteral("12032024"));
+        QCOMPARE(box.Text(), QStringLiteral("12/03/2024"));
+    }
+
+    void partlyTypedDateKeepsTheRestOfThePlaceholders()
+    {
+        MaskEdit box;
+        box.setMask(QStringLiteral("##/##/####"));
+        box.setCursorPosition(0);
+        QTest::keyClicks(&box, QStringLiteral("123"));
+        QCOMPARE(box.Text(), QStringLiteral("12/3_/____"));
+    }
+
+    void removingTheMaskKeepsTheText()
+    {
+        MaskEdit box;
+        box.setMask(QStringLiteral("##/##/####"));
+        box.setText(QStringLiteral("20/12/2024"));
+        box.setMask(QString());
+        QCOMPARE(box.Text(), QStringLiteral("20/12/2024"));
+        QCOMPARE(box.inputMask(), QString());
+        box.setText(QString());
+        box.setMask(QStringLiteral("##/##/####"));
+        box.setMask(QString());
+        QCOMPARE(box.Text(), QStringLiteral("__/__/____"));
+    }
+
+    void settingTheMaskKeepsADateThatFits()
+    {
+        MaskEdit box;
+        box.setText(QStringLiteral("08/09/2024"));
+        box.setMask(QStringLiteral("##/##/####"));
+        QCOMPARE(box.Text(), QStringLiteral("08/09/2024"));
+    }
+
+    void timeMaskShowsHoursAndMinutes()
+    {
+        MaskEdit box;
+        box.setMask(QStringLiteral("##:##"));
+        QCOMPARE(box.Text(), QStringLiteral("__:__"));
+        box.setText(QStringLiteral("08:30"));
+        QCOMPARE(box.Text(), QStringLiteral("08:30"));
+    }
+
+    void dateFieldMasksOnFocusAndEmptiesOnLeaving()
+    {
+        QWidget form;
+        auto* mskFec = new MaskEdit(&form);
+        auto* txtObs = new QLineEdit(&form);
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(mskFec);
+        layout->addWidget(txtObs);
+        ui::installDateConventions(mskFec);
+        ui::installEntryConventions(txtObs);
+        form.show();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        txtObs->setFocus();
+
+        mskFec->setFocus(Qt::TabFocusReason);
+        QCOMPARE(mskFec->Mask(), QStringLiteral("##/##/####"));
+        QCOMPARE(mskFec->Text(), QStringLiteral("__/__/____"));
+        QCOMPARE(ui::backColor(mskFec), QColor(192, 192, 192));
+        QCOMPARE(mskFec->selectedText(), QStringLiteral("__/__/____"));
+
+        txtObs->setFocus(Qt::TabFocusReason);
+        QCOMPARE(mskFec->Mask(), QString());
+        QCOMPARE(mskFec->Text(), QString());
+        QCOMPARE(ui::backColor(mskFec), QColor(Qt::white));
+    }
+
+    void filledDateStaysOnLeaving()
+    {
+        QWidget form;
+        auto* mskFec = new MaskEdit(&form);
+        auto* txtObs = new QLineEdit(&form);
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(mskFec);
+        layout->addWidget(txtObs);
+        ui::installDateConventions(mskFec);
+        form.show();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        mskFec->setFocus(Qt::TabFocusReason);
+        mskFec->setCursorPosition(0);
+        QTest::keyClicks(mskFec, QStringLiteral("01022025"));
+        txtObs->setFocus(Qt::TabFocusReason);
+        QCOMPARE(mskFec->Text(), QStringLiteral("01/02/2025"));
+        QCOMPARE(mskFec->Mask(), QString());
+    }
+
+    void formInstallTakesTheMaskAMaskEditHas()
+    {
+        QWidget form;
+        auto* mskIni = new MaskEdit(&form);
+        auto* txtDes = new QLineEdit(&form);
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(txtDes);
+        layout->addWidget(mskIni);
+        mskIni->setMask(ui::kTimeMask);
+        ui::installEntryConventions(&form);
+        form.show();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        mskIni->setFocus(Qt::TabFocusReason);
+        txtDes->setFocus(Qt::TabFocusReason);
+        QCOMPARE(mskIni->Text(), QString()); // "__:__" became empty
+        mskIni->setFocus(Qt::TabFocusReason);
+        QCOMPARE(mskIni->Text(), QStringLiteral("__:__"));
+    }
+};
+
+QTEST_MAIN(TestMaskEdit)
+#include "test_maskedit.moc"
