@@ -1,7 +1,7 @@
 #include "assessment/frmEvaluar.h"
 
 #include "assessment/Bandas.h"
-#include "assessment/frmEvaluarNota.h"
+#include "marks/frmEvaluarNota.h"
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "ui/FichaForm.h"
@@ -10,9 +10,7 @@
 #include "ui/UiFunciones.h"
 #include "vb/Vb.h"
 #include "reports/frmInforme.h"
-#ifdef CADERNIA_STUDENT_SHEET
 #include "students/frmAlumnosFicha.h"
-#endif
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -294,14 +292,12 @@ void frmEvaluar::cmdFichaAlumno_Click()
     const int r = mshDatos->Row();
     if (!IsNumeric(mshDatos->TextMatrix(r, ColCodigo)))
         return;
-#ifdef CADERNIA_STUDENT_SHEET
     frmAlumnosFicha ficha(this);
     ficha.setEstado(2);
     ficha.setId(CLng(mshDatos->TextMatrix(r, ColCodigo)));
     ficha.setRcAlumnos(&rsAlumnos_);
     ficha.setCaption(QStringLiteral("Consultando ") + vb::UCase(mshDatos->TextMatrix(r, ColAlumno)));
     ShowModal(&ficha);
-#endif
 }
 
 void frmEvaluar::cmdInformes_Click()

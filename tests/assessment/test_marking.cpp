@@ -8,14 +8,12 @@
 #include "ReportFixture.h"
 #include "assessment/Bandas.h"
 #include "assessment/frmEvaluar.h"
-#include "assessment/frmEvaluarNota.h"
+#include "marks/frmEvaluarNota.h"
 #include "core/Modulo.h"
 #include "ui/Colors.h"
 #include "reports/ReportDocument.h"
 #include "reports/frmInforme.h"
-#ifdef CADERNIA_STUDENT_SHEET
 #include "students/frmAlumnosFicha.h"
-#endif
 
 #include <QHeaderView>
 #include <QLabel>
@@ -403,7 +401,6 @@ private slots:
         frmEvaluar f;
         open(f, 1, 1, 10);
         f.mshDatos->setRow(2);
-#ifdef CADERNIA_STUDENT_SHEET
         quint8 estado = 0;
         qint32 id = 0;
         bool list = false;
@@ -419,11 +416,6 @@ private slots:
         QCOMPARE(estado, quint8(2));
         QCOMPARE(id, 1);
         QVERIFY(list);
-#else
-        const int activations = f.activations();
-        click(f.cmdFichaAlumno); // nothing to open yet
-        QCOMPARE(f.activations(), activations);
-#endif
         QCOMPARE(f.cmdFichaAlumno->text(), QStringLiteral("&Ficha"));
     }
 

@@ -9,7 +9,7 @@
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
 #include "assessment/frmEvaluar.h"
-#include "assessment/frmNotaFinal.h"
+#include "marks/frmNotaFinal.h"
 #include "assessment/frmTareas.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"

@@ -19,7 +19,7 @@
 // deletes of "&Eliminar" are not the mirror of the saves: "Eval" removes the
 // subject's marks of every evaluation of the student, "FinalO" the whole
 // row with NotaE and Obs, "FinalE" clears NotaE alone.
-#include "assessment/NotaDialog.h"
+#include "marks/NotaDialog.h"
 
 class frmNotaFinal : public NotaDialog {
     Q_OBJECT

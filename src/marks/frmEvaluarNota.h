@@ -13,7 +13,7 @@
 //     nota.setNota(7.5f);              // shown when IdNota is not -1
 //     nota.setObs(obs);
 //     ShowModal(&nota);
-#include "assessment/NotaDialog.h"
+#include "marks/NotaDialog.h"
 
 class QLabel;
 

@@ -1,4 +1,4 @@
-#include "assessment/NotaDialog.h"
+#include "marks/NotaDialog.h"
 
 #include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"

@@ -1,4 +1,4 @@
-#include "assessment/frmEvaluarNota.h"
+#include "marks/frmEvaluarNota.h"
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"

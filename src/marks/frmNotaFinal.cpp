@@ -1,4 +1,4 @@
-#include "assessment/frmNotaFinal.h"
+#include "marks/frmNotaFinal.h"
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"

@@ -4,7 +4,7 @@
 // extraordinary mark that only ever joins the ordinary one's row.
 #include "../support/YearQueries.h"
 #include "../support/ScreenHarness.h"
-#include "assessment/frmNotaFinal.h"
+#include "marks/frmNotaFinal.h"
 #include "core/Modulo.h"
 
 #include <QLineEdit>

@@ -3,7 +3,7 @@
 // and the UPDATE through single precision, and "&Rubricar" that saves first.
 #include "../support/YearQueries.h"
 #include "../support/ScreenHarness.h"
-#include "assessment/frmEvaluarNota.h"
+#include "marks/frmEvaluarNota.h"
 #include "core/Modulo.h"
 #include "ui/Colors.h"
 
