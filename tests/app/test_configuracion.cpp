@@ -1,7 +1,7 @@
 // The configuration hub: its six buttons, the printer lists filled on
 // activation, and imp.ini written on every way of closing.
-#include "ModalDriver.h"
-#include "TempInstall.h"
+#include "support/ModalDriver.h"
+#include "support/TempInstall.h"
 #include "core/Modulo.h"
 #include "app/frmConfiguracion.h"
 #include "ui/MsgBox.h"

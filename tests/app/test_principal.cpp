@@ -1,7 +1,7 @@
 // The start routine and the main window: caption, bands, buttons, menu, the
 // entries that do nothing, the forms they open and the shut-down question.
-#include "ModalDriver.h"
-#include "TempInstall.h"
+#include "support/ModalDriver.h"
+#include "support/TempInstall.h"
 #include "app/Main.h"
 #include "core/Modulo.h"
 #include "app/frmPrincipal.h"

@@ -5,7 +5,7 @@
 // the failures are read from the text the box also writes to standard error
 // while the process waits; the end of the process after the box is tested
 // with the box itself (test_ui_runtime_error_box).
-#include "TempInstall.h"
+#include "support/TempInstall.h"
 
 #include <QDeadlineTimer>
 #include <QFile>

@@ -1,11 +1,11 @@
 // The marking grid of a task on the sample year: the rows and the band
 // colour of column 0, the band counts with their edge cases, changing and
 // deleting a mark, sorting by a title, and the screens opened from it.
-#include "../support/ModalForm.h"
-#include "../support/ScreenHarness.h"
-#include "../support/YearQueries.h"
-#include "GridText.h"
-#include "ReportFixture.h"
+#include "support/ModalForm.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
+#include "support/GridText.h"
+#include "support/ReportFixture.h"
 #include "assessment/Bandas.h"
 #include "assessment/frmEvaluar.h"
 #include "marks/frmEvaluarNota.h"

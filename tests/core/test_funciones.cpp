@@ -1,5 +1,6 @@
 // The shared record functions, on a seeded year opened as the session.
-#include "../support/SessionYear.h"
+#include "support/SessionYear.h"
+#include "support/YearQueries.h"
 #include "core/Funciones.h"
 #include "core/MesALetra.h"
 #include "core/Modulo.h"
@@ -8,23 +9,7 @@
 
 #include <QtTest>
 
-namespace {
-
-QVariant value(const QString& sql)
-{
-    db::Recordset rs;
-    rs.Open(sql, gConexion);
-    return rs.Eof() ? QVariant(QStringLiteral("<no rows>")) : rs.Value(0);
-}
-
-int count(const QString& sql)
-{
-    db::Recordset rs;
-    rs.Open(sql, gConexion);
-    return rs.RecordCount();
-}
-
-} // namespace
+using yearq::value;
 
 class TestFunciones : public QObject {
     Q_OBJECT
@@ -90,14 +75,14 @@ private slots:
     void borrarRegistroDeletesTheRows()
     {
         BorrarRegistro(QStringLiteral("tblNotasRubrica"), QStringLiteral("IdNota"), QStringLiteral("7"));
-        QCOMPARE(count(QStringLiteral("SELECT * FROM tblNotasRubrica WHERE IdNota = 7")), 0);
-        QCOMPARE(count(QStringLiteral("SELECT * FROM tblNotasRubrica")), 2);
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT * FROM tblNotasRubrica WHERE IdNota = 7")), 0);
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT * FROM tblNotasRubrica")), 2);
     }
 
     void borrarRegistroWithAnEmptyValueFails()
     {
         QVERIFY_THROWS_EXCEPTION(RuntimeError, BorrarRegistro(QStringLiteral("tblNotas"), QStringLiteral("Id"), QString()));
-        QCOMPARE(count(QStringLiteral("SELECT * FROM tblNotas")), 17);
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT * FROM tblNotas")), 17);
     }
 
     void pesoTipoTareaReadsTheWeight()
@@ -119,7 +104,7 @@ private slots:
     {
         gConexion->Execute(QStringLiteral("DELETE * FROM tblHorarioDias"));
         RenumerarOrden(QStringLiteral("tblHorarioDias"));
-        QCOMPARE(count(QStringLiteral("SELECT * FROM tblHorarioDias")), 0);
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT * FROM tblHorarioDias")), 0);
     }
 
     void renumerarOrdenClosesTheGapOfADeletedPosition()
@@ -165,9 +150,9 @@ private slots:
                                  "tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel = tblNiveles.Id WHERE "
                                  "tblAlumnos.Id = 8")
                                  .arg(label);
-        QCOMPARE(count(left), 1);
+        QCOMPARE(yearq::rowCount(left), 1);
         QCOMPARE(value(left.replace(QStringLiteral("tblAlumnos.Id, "), QString())).toString().trimmed(), QString());
-        QCOMPARE(count(QStringLiteral("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = "
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = "
                                       "tblGrupos.Id WHERE tblAlumnos.Id = 8")),
                  0);
     }

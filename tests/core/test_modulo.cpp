@@ -1,6 +1,6 @@
 // The configuration readers and the opening of the session.
-#include "../support/RuntimeErrors.h"
-#include "../support/TempYear.h"
+#include "support/RuntimeErrors.h"
+#include "support/TempYear.h"
 #include "core/Modulo.h"
 #include "db/Schema.h"
 #include "vb/RuntimeError.h"

@@ -5,7 +5,7 @@
 //   STATEMENT                           (one line)
 //   => rows N                           (optional: rows it must return)
 // A few results are also checked cell by cell against values worked out by hand.
-#include "../support/TempYear.h"
+#include "support/TempYear.h"
 #include "db/Recordset.h"
 #include "db/Schema.h"
 #include "vb/RuntimeError.h"

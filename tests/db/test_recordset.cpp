@@ -1,7 +1,8 @@
 // The client-side cursor: counts, positions, moves, Find, and edits written
 // back to the base table.
-#include "../support/RuntimeErrors.h"
-#include "../support/TempYear.h"
+#include "support/RuntimeErrors.h"
+#include "support/TempYear.h"
+#include "support/YearQueries.h"
 #include "db/Recordset.h"
 #include "vb/RuntimeError.h"
 
@@ -11,16 +12,6 @@
 
 using db::Recordset;
 
-namespace {
-
-QVariant value(const db::ConnectionPtr& cn, const QString& sql)
-{
-    Recordset rs;
-    rs.Open(sql, cn);
-    return rs.Eof() ? QVariant(QStringLiteral("<no rows>")) : rs.Value(0);
-}
-
-} // namespace
 
 class TestRecordset : public QObject {
     Q_OBJECT
@@ -125,8 +116,8 @@ private slots:
         rs.Update();
         QCOMPARE(rs.RecordCount(), 1);
         QCOMPARE(rs.Value("Nota").toBool(), false); // Booleans default to False
-        QCOMPARE(value(cn, QStringLiteral("SELECT FecIni FROM tblTareas WHERE Id = 1")).toDate(), QDate(2024, 10, 1));
-        QCOMPARE(value(cn, QStringLiteral("SELECT Fin FROM tblTareas WHERE Id = 1")).toBool(), false);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT FecIni FROM tblTareas WHERE Id = 1"), cn).toDate(), QDate(2024, 10, 1));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Fin FROM tblTareas WHERE Id = 1"), cn).toBool(), false);
     }
 
     void editingTheRowOfAStatementWritesItBack()
@@ -139,9 +130,9 @@ private slots:
         rs.Fields("Nota") = true;
         rs.Fields("FecFin") = QVariant();
         rs.Update();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Des FROM tblTareas WHERE Id = 4")).toString(), QStringLiteral("Dictado 2"));
-        QCOMPARE(value(cn, QStringLiteral("SELECT Nota FROM tblTareas WHERE Id = 4")).toBool(), true);
-        QVERIFY(value(cn, QStringLiteral("SELECT FecFin FROM tblTareas WHERE Id = 4")).isNull());
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblTareas WHERE Id = 4"), cn).toString(), QStringLiteral("Dictado 2"));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Nota FROM tblTareas WHERE Id = 4"), cn).toBool(), true);
+        QVERIFY(yearq::value(QStringLiteral("SELECT FecFin FROM tblTareas WHERE Id = 4"), cn).isNull());
     }
 
     void movingOffAnEditedRowSavesIt()
@@ -152,7 +143,7 @@ private slots:
         rs.Open(QStringLiteral("SELECT Orden FROM tblHorarioHoras ORDER BY Orden"), cn);
         rs.Fields("Orden") = 10;
         rs.MoveNext();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Orden FROM tblHorarioHoras WHERE Id = 1")).toInt(), 10);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Orden FROM tblHorarioHoras WHERE Id = 1"), cn).toInt(), 10);
     }
 
     void aTextWithAnApostropheIsStoredThroughARecordset()
@@ -163,7 +154,7 @@ private slots:
         rs.Open(QStringLiteral("SELECT * FROM tblNotas WHERE Id = 1"), cn);
         rs.Fields("Obs") = QStringLiteral("Traballo d'equipo");
         rs.Update();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Obs FROM tblNotas WHERE Id = 1")).toString(),
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Obs FROM tblNotas WHERE Id = 1"), cn).toString(),
                  QStringLiteral("Traballo d'equipo"));
     }
 
@@ -175,7 +166,7 @@ private slots:
         rs.Open(QStringLiteral("SELECT * FROM tblNotas WHERE Id = 1"), cn);
         rs.Fields("Nota") = QStringLiteral("6,5");
         rs.Update();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 1")).toDouble(), 6.5);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 1"), cn).toDouble(), 6.5);
         QCOMPARE(errorNumber([&] { rs.Fields("Nota") = QStringLiteral("seis"); }), int(RuntimeError::TypeMismatch));
     }
 
@@ -191,7 +182,7 @@ private slots:
         QCOMPARE(errorNumber([&] { rs.Value("Id"); }), int(RuntimeError::NoCurrentRecord));
         rs.MoveNext();
         QCOMPARE(rs.Value("Id").toInt(), 2);
-        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblEvaluaciones")).toInt(), 2);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblEvaluaciones"), cn).toInt(), 2);
     }
 
     // The student list reads groups, courses and levels through LEFT JOINs;
@@ -207,11 +198,11 @@ private slots:
                                "= tblNiveles.Id ORDER BY tblAlumnos.Id"),
                 cn);
         rs.Delete();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos")).toInt(), 7);
-        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos WHERE Id = 1")).toInt(), 0);
-        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblNiveles")).toInt(), 2);
-        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblGrupos")).toInt(), 3);
-        QCOMPARE(value(cn, QStringLiteral("SELECT Count(*) AS N FROM tblCursos")).toInt(), 3);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos"), cn).toInt(), 7);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos WHERE Id = 1"), cn).toInt(), 0);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNiveles"), cn).toInt(), 2);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblGrupos"), cn).toInt(), 3);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblCursos"), cn).toInt(), 3);
     }
 
     void aColumnOfATableNestedOnTheRightOfAJoinIsReadOnly()
@@ -226,8 +217,8 @@ private slots:
         QVERIFY(errorNumber([&] { rs.Fields("Des") = QStringLiteral("x"); }) != 0);
         rs.Fields("Nom") = QStringLiteral("Ana María");
         rs.Update();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Nom FROM tblAlumnos WHERE Id = 1")).toString(), QStringLiteral("Ana María"));
-        QCOMPARE(value(cn, QStringLiteral("SELECT Des FROM tblCursos WHERE Id = 1")).toString(), QStringLiteral("5º"));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Nom FROM tblAlumnos WHERE Id = 1"), cn).toString(), QStringLiteral("Ana María"));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblCursos WHERE Id = 1"), cn).toString(), QStringLiteral("5º"));
     }
 
     void computedColumnsAreReadOnly()
@@ -343,7 +334,7 @@ private slots:
         rs.MoveLast();
         rs.Fields("Des") = QStringLiteral("Extra");
         rs.Update();
-        QCOMPARE(value(cn, QStringLiteral("SELECT Des FROM tblEvaluaciones WHERE Id = 9")).toString(),
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblEvaluaciones WHERE Id = 9"), cn).toString(),
                  QStringLiteral("Extra"));
     }
 

@@ -1,7 +1,8 @@
 // The catalogue screens on a temporary year: lists, entry forms, deleting,
 // and the edge cases of each catalogue, checked in the grid and in the rows.
-#include "../support/SessionYear.h"
-#include "ModalDriver.h"
+#include "support/GridText.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
 #include "ui/Colors.h"
@@ -29,61 +30,21 @@
 
 #include <functional>
 
+using gridtext::rowWith;
+using yearq::count;
+using yearq::value;
+
 namespace {
 
 const QColor kStripe(192, 192, 192); // gColor " 12632256 "
-
-QVariant value(const QString& sql)
-{
-    db::Recordset rs;
-    rs.Open(sql, gConexion);
-    return rs.Eof() ? QVariant() : rs.Value(0);
-}
-
-int count(const QString& table)
-{
-    return value(QStringLiteral("SELECT COUNT(*) FROM ") + table).toInt();
-}
-
-void click(QPushButton* button)
-{
-    QTest::mouseClick(button, Qt::LeftButton);
-}
-
-// The texts of one grid row, from column 0.
-QStringList rowOf(const FlexGrid& grid, int row)
-{
-    QStringList texts;
-    for (int c = 0; c < grid.Cols(); ++c)
-        texts << grid.TextMatrix(row, c);
-    return texts;
-}
-
-// The width of each column in twips, from column 0.
-QList<int> widthsOf(const FlexGrid& grid)
-{
-    QList<int> widths;
-    for (int c = 0; c < grid.Cols(); ++c)
-        widths << grid.ColWidth(c);
-    return widths;
-}
-
-// The row of the grid whose column holds the text; -1 when none does.
-int gridRowOf(const FlexGrid& grid, int col, const QString& text)
-{
-    for (int r = 1; r < grid.Rows(); ++r)
-        if (grid.TextMatrix(r, col) == text)
-            return r;
-    return -1;
-}
 
 } // namespace
 
 class TestCatalogues : public QObject {
     Q_OBJECT
 
-    SessionYear year_;
-    QList<RuntimeError> errors_;
+    ScreenYear year_;
+    QList<RuntimeError>& errors_ = year_.harness.errors;
     bool fichaLeftOpen_ = false;
     QString fichaCaption_;
 
@@ -121,23 +82,8 @@ class TestCatalogues : public QObject {
     }
 
 private slots:
-    void init()
-    {
-        year_.start(TempYear::Fill::Seeded);
-        MsgBox::reset();
-        MsgBox::setUnscriptedFatal(true);
-        errors_.clear();
-        ui::setRuntimeErrorHandler([this](const RuntimeError& e) { errors_.append(e); });
-    }
-
-    void cleanup()
-    {
-        QCOMPARE(MsgBox::pendingAnswers(), 0);
-        QVERIFY(!ModalDriver::takeTimedOut());
-        ui::setRuntimeErrorHandler({});
-        MsgBox::reset();
-        year_.finish();
-    }
+    void init() { year_.start(); }
+    void cleanup() { year_.finish(); }
 
     // ---- the level list: the pattern every catalogue follows
 
@@ -148,10 +94,10 @@ private slots:
         const FlexGrid& g = *list.mshDatos;
         QCOMPARE(list.Caption(), QStringLiteral("Niveles"));
         QCOMPARE(g.Rows(), 3);
-        QCOMPARE(rowOf(g, 0), (QStringList{"", "Código", "Descripción"}));
-        QCOMPARE(rowOf(g, 1), (QStringList{"", "1", "Primaria"}));
-        QCOMPARE(rowOf(g, 2), (QStringList{"", "2", "ESO"}));
-        QCOMPARE(widthsOf(g), (QList<int>{500, 1100, 4000}));
+        QCOMPARE(gridtext::row(g, 0), (QStringList{"", "Código", "Descripción"}));
+        QCOMPARE(gridtext::row(g, 1), (QStringList{"", "1", "Primaria"}));
+        QCOMPARE(gridtext::row(g, 2), (QStringList{"", "2", "ESO"}));
+        QCOMPARE(gridtext::widths(g), (QList<int>{500, 1100, 4000}));
         QCOMPARE(g.Row(), 1);
         QCOMPARE(g.Col(), 1);
         QCOMPARE(g.CellBackColor(1, 1), ui::white());
@@ -358,9 +304,9 @@ private slots:
         frmCursos list;
         list.show();
         const FlexGrid& g = *list.mshDatos;
-        QCOMPARE(rowOf(g, 0), (QStringList{"", "Código", "Descripción", "Nivel", "IdNivel"}));
-        QCOMPARE(rowOf(g, 1), (QStringList{"", "1", "5º", "Primaria", "1"}));
-        QCOMPARE(widthsOf(g), (QList<int>{500, 1100, 3000, 1500, 0}));
+        QCOMPARE(gridtext::row(g, 0), (QStringList{"", "Código", "Descripción", "Nivel", "IdNivel"}));
+        QCOMPARE(gridtext::row(g, 1), (QStringList{"", "1", "5º", "Primaria", "1"}));
+        QCOMPARE(gridtext::widths(g), (QList<int>{500, 1100, 3000, 1500, 0}));
         QVERIFY(g.isColumnHidden(3));
     }
 
@@ -447,7 +393,7 @@ private slots:
         list.show();
         QCOMPARE(count(QStringLiteral("tblCursos")), 3);
         QCOMPARE(list.mshDatos->Rows(), 3);
-        QCOMPARE(gridRowOf(*list.mshDatos, 1, QStringLiteral("1")), -1);
+        QCOMPARE(rowWith(*list.mshDatos, 1, QStringLiteral("1")), -1);
         QCOMPARE(list.mshDatos->TextMatrix(1, 1), QStringLiteral("2"));
     }
 
@@ -458,10 +404,10 @@ private slots:
         frmGrupos list;
         list.show();
         const FlexGrid& g = *list.mshDatos;
-        QCOMPARE(rowOf(g, 0), (QStringList{"", "Código", "Descripción", "Curso", "", "Tutoría"}));
-        QCOMPARE(rowOf(g, 1), (QStringList{"", "1", "A", "5º Primaria", "1", "SI"}));
-        QCOMPARE(rowOf(g, 2), (QStringList{"", "2", "B", "1º ESO", "2", "NO"}));
-        QCOMPARE(widthsOf(g).mid(0, 5), (QList<int>{500, 1100, 3000, 1500, 0}));
+        QCOMPARE(gridtext::row(g, 0), (QStringList{"", "Código", "Descripción", "Curso", "", "Tutoría"}));
+        QCOMPARE(gridtext::row(g, 1), (QStringList{"", "1", "A", "5º Primaria", "1", "SI"}));
+        QCOMPARE(gridtext::row(g, 2), (QStringList{"", "2", "B", "1º ESO", "2", "NO"}));
+        QCOMPARE(gridtext::widths(g).mid(0, 5), (QList<int>{500, 1100, 3000, 1500, 0}));
         QVERIFY(g.isColumnHidden(3));
         // 600 twips, or as wide as its title where the font asks for more.
         const int title = g.horizontalHeader()->fontMetrics().horizontalAdvance(QStringLiteral("Tutoría"));
@@ -577,10 +523,10 @@ private slots:
         frmEvaluaciones list;
         list.show();
         const FlexGrid& g = *list.mshDatos;
-        QCOMPARE(rowOf(g, 0), (QStringList{"", "Código", "Descripción", "Fecha", "Observaciones"}));
-        QCOMPARE(rowOf(g, 1), (QStringList{"", "1", "1ª Evaluación", "20/12/2024", "Primer trimestre"}));
-        QCOMPARE(rowOf(g, 3), (QStringList{"", "3", "3ª Evaluación", "20/06/2025", ""}));
-        QCOMPARE(widthsOf(g), (QList<int>{500, 800, 3000, 1500, 4000}));
+        QCOMPARE(gridtext::row(g, 0), (QStringList{"", "Código", "Descripción", "Fecha", "Observaciones"}));
+        QCOMPARE(gridtext::row(g, 1), (QStringList{"", "1", "1ª Evaluación", "20/12/2024", "Primer trimestre"}));
+        QCOMPARE(gridtext::row(g, 3), (QStringList{"", "3", "3ª Evaluación", "20/06/2025", ""}));
+        QCOMPARE(gridtext::widths(g), (QList<int>{500, 800, 3000, 1500, 4000}));
     }
 
     void evaluationWithAnEmptyDateIsAccepted()
@@ -693,11 +639,11 @@ private slots:
         frmMaterias list;
         list.show();
         const FlexGrid& g = *list.mshDatos;
-        QCOMPARE(rowOf(g, 0), (QStringList{"", "Descripción", "Id"}));
-        QCOMPARE(rowOf(g, 1), (QStringList{"", "Ciencias Naturales", "3"}));
-        QCOMPARE(rowOf(g, 2), (QStringList{"", "Lengua", "1"}));
-        QCOMPARE(rowOf(g, 3), (QStringList{"", "Matemáticas", "2"}));
-        QCOMPARE(widthsOf(g), (QList<int>{500, 5000, 0}));
+        QCOMPARE(gridtext::row(g, 0), (QStringList{"", "Descripción", "Id"}));
+        QCOMPARE(gridtext::row(g, 1), (QStringList{"", "Ciencias Naturales", "3"}));
+        QCOMPARE(gridtext::row(g, 2), (QStringList{"", "Lengua", "1"}));
+        QCOMPARE(gridtext::row(g, 3), (QStringList{"", "Matemáticas", "2"}));
+        QCOMPARE(gridtext::widths(g), (QList<int>{500, 5000, 0}));
         QVERIFY(g.isColumnHidden(1));
     }
 
@@ -753,7 +699,7 @@ private slots:
                  QStringLiteral("Lingua d'Oc"));
         QCOMPARE(value(QStringLiteral("SELECT Obs FROM tblMaterias WHERE Id = 4")).toString(),
                  QStringLiteral("Optativa d'inverno"));
-        QVERIFY(gridRowOf(*list.mshDatos, 1, QStringLiteral("Lingua d'Oc")) > 0);
+        QVERIFY(rowWith(*list.mshDatos, 1, QStringLiteral("Lingua d'Oc")) > 0);
     }
 
     void deleteSubjectRunsItsStatement()

@@ -1,9 +1,10 @@
 // The task types and their weights on a temporary year: both grids, the
 // combos, the entry forms, the deletes, and the rules that are left out on
 // purpose (no sum to 100, duplicates, decimals rounded away, Min above Max).
-#include "../support/ModalForm.h"
-#include "../support/ScreenHarness.h"
-#include "../support/YearQueries.h"
+#include "support/GridText.h"
+#include "support/ModalForm.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "ui/Colors.h"
@@ -23,14 +24,6 @@ using yearq::value;
 namespace {
 
 const QColor kStripe(192, 192, 192); // gColor " 12632256 "
-
-QStringList rowOf(const FlexGrid& grid, int row)
-{
-    QStringList texts;
-    for (int c = 0; c < grid.Cols(); ++c)
-        texts << grid.TextMatrix(row, c);
-    return texts;
-}
 
 QStringList itemsOf(const QComboBox& box)
 {
@@ -104,10 +97,10 @@ private slots:
         QCOMPARE(form.Caption(), QStringLiteral("Tipos de Tareas"));
         QCOMPARE(g.Rows(), 4);
         QCOMPARE(g.Cols(), 6);
-        QCOMPARE(rowOf(g, 0), (QStringList{"", "Código", "Descripción", "Min.", "Máx.", "Observacións"}));
-        QCOMPARE(rowOf(g, 1), (QStringList{"", "1", "Examen", "0", "10", "Pruebas escritas"}));
-        QCOMPARE(rowOf(g, 2), (QStringList{"", "2", "Deberes", "0", "5", ""})); // Obs is Null
-        QCOMPARE(rowOf(g, 3), (QStringList{"", "3", "Proyecto", "0", "100", "Trabajo por proyectos"}));
+        QCOMPARE(gridtext::row(g, 0), (QStringList{"", "Código", "Descripción", "Min.", "Máx.", "Observacións"}));
+        QCOMPARE(gridtext::row(g, 1), (QStringList{"", "1", "Examen", "0", "10", "Pruebas escritas"}));
+        QCOMPARE(gridtext::row(g, 2), (QStringList{"", "2", "Deberes", "0", "5", ""})); // Obs is Null
+        QCOMPARE(gridtext::row(g, 3), (QStringList{"", "3", "Proyecto", "0", "100", "Trabajo por proyectos"}));
         QCOMPARE(g.CellBackColor(1, 1), ui::white());
         QCOMPARE(g.CellBackColor(2, 1), kStripe);
         QCOMPARE(g.CellBackColor(2, 5), kStripe);
@@ -153,8 +146,8 @@ private slots:
         QCOMPARE(v.FixedCols(), 2);
         QCOMPARE(v.TextMatrix(0, 2), QStringLiteral("Avaliación"));
         QCOMPARE(v.TextMatrix(0, 3), QStringLiteral("Valor"));
-        QCOMPARE(rowOf(v, 1), (QStringList{"1", "", "1ª Evaluación", "60"}));
-        QCOMPARE(rowOf(v, 2), (QStringList{"4", "", "2ª Evaluación", "100"}));
+        QCOMPARE(gridtext::row(v, 1), (QStringList{"1", "", "1ª Evaluación", "60"}));
+        QCOMPARE(gridtext::row(v, 2), (QStringList{"4", "", "2ª Evaluación", "100"}));
         QCOMPARE(v.CellAlignment(1, 2) & Qt::AlignHorizontal_Mask, Qt::AlignLeft);
         QCOMPARE(v.CellAlignment(1, 3) & Qt::AlignHorizontal_Mask, Qt::AlignHCenter);
         // The stripes start at column 2.
@@ -250,7 +243,7 @@ private slots:
                 .toString(),
             QStringLiteral("Oral|1|20|Exposiciones"));
         QCOMPARE(form.mshDatos->Rows(), 5);
-        QCOMPARE(rowOf(*form.mshDatos, 4), (QStringList{"", "4", "Oral", "1", "20", "Exposiciones"}));
+        QCOMPARE(gridtext::row(*form.mshDatos, 4), (QStringList{"", "4", "Oral", "1", "20", "Exposiciones"}));
     }
 
     void typedPointShowsACommaAndTheMarkIsStoredWhole()
@@ -274,7 +267,7 @@ private slots:
         QVERIFY(MsgBox::shown().isEmpty());
         QCOMPARE(value(QStringLiteral("SELECT Min FROM tblTareasTipos WHERE Id = 4")).toInt(), 10);
         QCOMPARE(value(QStringLiteral("SELECT Max FROM tblTareasTipos WHERE Id = 4")).toInt(), 5);
-        QCOMPARE(rowOf(*form.mshDatos, 4), (QStringList{"", "4", "Al revés", "10", "5", ""}));
+        QCOMPARE(gridtext::row(*form.mshDatos, 4), (QStringList{"", "4", "Al revés", "10", "5", ""}));
     }
 
     void typeFormRefusesInOrderAndStaysOnTheField()
@@ -399,7 +392,7 @@ private slots:
                  QStringLiteral("1|3|1|1|12"));
         QCOMPARE(form.Tag, QString());
         QCOMPARE(form.mshValor->Rows(), 4);
-        QCOMPARE(rowOf(*form.mshValor, 3), (QStringList{"8", "", "3ª Evaluación", "12"}));
+        QCOMPARE(gridtext::row(*form.mshValor, 3), (QStringList{"8", "", "3ª Evaluación", "12"}));
     }
 
     void aSecondWeightForTheSameEvaluationAndAnyValueAreAccepted()
@@ -468,7 +461,7 @@ private slots:
                      .toString(),
                  QStringLiteral("1|3|1|1|90"));
         QCOMPARE(form.mshValor->Row(), 2);
-        QCOMPARE(rowOf(*form.mshValor, 2), (QStringList{"4", "", "3ª Evaluación", "90"}));
+        QCOMPARE(gridtext::row(*form.mshValor, 2), (QStringList{"4", "", "3ª Evaluación", "90"}));
     }
 
     void deletingAWeightNamesItsValueInTheQuestion()

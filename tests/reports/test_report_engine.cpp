@@ -1,8 +1,8 @@
 // The report engine without its viewers: selection formulas, the report file
 // format, value formats, data shaping, parameters, the location of the data
 // and the installed files.
-#include "../support/RuntimeErrors.h"
-#include "ReportFixture.h"
+#include "support/RuntimeErrors.h"
+#include "support/ReportFixture.h"
 #include "core/Modulo.h"
 #include "db/Connection.h"
 #include "db/Recordset.h"

@@ -6,7 +6,7 @@
 //     build/bin/test_report_golden --update [golden:<report>]
 // and then read over before it is committed. `--pdf-dir DIR` also keeps the
 // PDF files there, to look at the pages.
-#include "ReportFixture.h"
+#include "support/ReportFixture.h"
 #include "core/Modulo.h"
 #include "ui/MsgBox.h"
 #include "reports/Catalogue.h"

@@ -1,7 +1,7 @@
 // The three report viewers: the list of frmInforme and its filter, the
 // guarded opening, the printing on the printers of imp.ini and the PDF
 // entry, the release after printing, and the year switch.
-#include "ReportFixture.h"
+#include "support/ReportFixture.h"
 #include "core/Modulo.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"

@@ -2,6 +2,7 @@
 // print database; refusal over an existing year; school-year names; and the
 // demo year read back through the data engine.
 #include "setup/Setup.h"
+#include "support/YearQueries.h"
 
 #include "db/Connection.h"
 #include "db/Recordset.h"
@@ -24,18 +25,6 @@ QByteArray fileBytes(const QString& path)
 {
     QFile f(path);
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QVariant scalar(const db::ConnectionPtr& cn, const QString& sql)
-{
-    db::Recordset rs;
-    rs.Open(sql, cn);
-    return rs.Eof() ? QVariant() : rs.Value(0);
-}
-
-int count(const db::ConnectionPtr& cn, const QString& sql)
-{
-    return scalar(cn, sql).toInt();
 }
 
 // A fresh folder with room for a base folder and a program folder.
@@ -187,7 +176,7 @@ void TestSetup::freshInstallCreatesEmptyYearOfFullSchema()
     auto cn = db::Connection::Open(r.databasePath);
     QVERIFY(db::Schema::YearTables().contains(QStringLiteral("tblTareasRubricaValoracion")));
     for (const QString& table : db::Schema::YearTables())
-        QCOMPARE(count(cn, QStringLiteral("SELECT Count(*) AS N FROM ") + table), 0);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM ") + table, cn).toInt(), 0);
 }
 
 void TestSetup::freshInstallCreatesPrintDatabase()
@@ -201,7 +190,7 @@ void TestSetup::freshInstallCreatesPrintDatabase()
     auto cn = db::Connection::Open(r.printPath);
     for (const char* table :
          {"tblFichaAlumno", "tblFichaAval", "tblFichaTareas", "tblFichaTareasDetalle", "tblFichaNF"})
-        QCOMPARE(count(cn, QStringLiteral("SELECT Count(*) AS N FROM ") + QLatin1String(table)), 0);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM ") + QLatin1String(table), cn).toInt(), 0);
 }
 
 void TestSetup::existingPrintDatabaseIsKept()
@@ -216,7 +205,7 @@ void TestSetup::existingPrintDatabaseIsKept()
     QVERIFY2(setup::setupBase(p.options(), &error, &r), qPrintable(error));
     QVERIFY(!r.printCreated);
     QCOMPARE(
-        scalar(db::Connection::Open(print), QStringLiteral("SELECT Nom FROM tblFichaAlumno WHERE Id = 7")).toString(),
+        yearq::value(QStringLiteral("SELECT Nom FROM tblFichaAlumno WHERE Id = 7"), db::Connection::Open(print)).toString(),
         QStringLiteral("Queda"));
 }
 
@@ -337,14 +326,14 @@ void TestSetup::defaultYearIsTheSchoolYearOfToday()
 
 void TestSetup::demoHasThePromisedFrame()
 {
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNiveles")), 2);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblCursos")), 4);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblGrupos")), 4);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblGrupos WHERE tblGrupos.Tit = Yes")), 1);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos")), 100);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblMaterias")), 6);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblEvaluaciones")), 3);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTareasTipos")), 4);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNiveles"), cn_).toInt(), 2);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblCursos"), cn_).toInt(), 4);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblGrupos"), cn_).toInt(), 4);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblGrupos WHERE tblGrupos.Tit = Yes"), cn_).toInt(), 1);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos"), cn_).toInt(), 100);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblMaterias"), cn_).toInt(), 6);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblEvaluaciones"), cn_).toInt(), 3);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareasTipos"), cn_).toInt(), 4);
     QCOMPARE(demo_.demo.students, 100);
     QCOMPARE(demo_.demo.groups, 4);
 
@@ -364,8 +353,8 @@ void TestSetup::demoHasThePromisedFrame()
     rs.MoveNext();
     QCOMPARE(rs.Value(0).toDate().month(), 6);
 
-    QCOMPARE(scalar(cn_, QStringLiteral("SELECT Min(Min) AS A FROM tblTareasTipos")).toInt(), 0);
-    QCOMPARE(scalar(cn_, QStringLiteral("SELECT Max(Max) AS A FROM tblTareasTipos")).toInt(), 100);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Min) AS A FROM tblTareasTipos"), cn_).toInt(), 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Max(Max) AS A FROM tblTareasTipos"), cn_).toInt(), 100);
 }
 
 void TestSetup::demoTasksPerGroupAndSubject()
@@ -383,15 +372,15 @@ void TestSetup::demoTasksPerGroupAndSubject()
         QVERIFY(rs.Value(QStringLiteral("F")).toInt() > 0);
         QVERIFY(rs.Value(QStringLiteral("F")).toInt() < n);
     }
-    const int tasks = count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTareas"));
-    const int counting = count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE tblTareas.Nota=Yes"));
+    const int tasks = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas"), cn_).toInt();
+    const int counting = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE tblTareas.Nota=Yes"), cn_).toInt();
     QVERIFY(counting > tasks / 2 && counting < tasks);
     // Task dates lie inside their evaluation's months.
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTareas INNER JOIN tblEvaluaciones ON "
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas INNER JOIN tblEvaluaciones ON "
                                        "tblTareas.IdEva = tblEvaluaciones.Id WHERE tblTareas.FecFin > "
-                                       "tblEvaluaciones.Fec OR tblTareas.FecIni > tblTareas.FecFin")),
+                                       "tblEvaluaciones.Fec OR tblTareas.FecIni > tblTareas.FecFin"), cn_).toInt(),
              0);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE FecIni < #2026/09/01#")), 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE FecIni < #2026/09/01#"), cn_).toInt(), 0);
 }
 
 void TestSetup::demoWeightsSumToHundred()
@@ -411,34 +400,34 @@ void TestSetup::demoMarksWithinTheTypeRange()
 {
     const QString join = QStringLiteral("FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = tblTareas.Id) "
                                         "INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id ");
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N ") + join +
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N ") + join +
                             QStringLiteral(
-                                "WHERE tblNotas.Nota < tblTareasTipos.Min OR tblNotas.Nota > tblTareasTipos.Max")),
+                                "WHERE tblNotas.Nota < tblTareasTipos.Min OR tblNotas.Nota > tblTareasTipos.Max"), cn_).toInt(),
              0);
     // Nearly every student has a mark in every task, but not all.
-    const int marks = count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotas"));
-    const int possible = count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTareas")) * 25;
+    const int marks = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotas"), cn_).toInt();
+    const int possible = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas"), cn_).toInt() * 25;
     QVERIFY2(marks > possible * 9 / 10 && marks < possible,
              qPrintable(QStringLiteral("%1 of %2").arg(marks).arg(possible)));
     QCOMPARE(marks, demo_.demo.marks);
     // Not all alike: the adjusted marks spread over the scale.
     const double mean =
-        scalar(cn_, QStringLiteral("SELECT Avg(tblNotas.Nota / tblTareasTipos.Max * 10) AS A ") + join).toDouble();
+        yearq::value(QStringLiteral("SELECT Avg(tblNotas.Nota / tblTareasTipos.Max * 10) AS A ") + join, cn_).toDouble();
     QVERIFY2(mean > 5.5 && mean < 8.0, qPrintable(QString::number(mean)));
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N ") + join +
-                           QStringLiteral("WHERE tblNotas.Nota < tblTareasTipos.Max / 2")) > marks / 20);
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotas WHERE Obs Is Not Null")) > 100);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N ") + join +
+                           QStringLiteral("WHERE tblNotas.Nota < tblTareasTipos.Max / 2"), cn_).toInt() > marks / 20);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotas WHERE Obs Is Not Null"), cn_).toInt() > 100);
 }
 
 void TestSetup::demoMarksBelongToTheTaskGroup()
 {
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = "
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = "
                                        "tblTareas.Id) INNER JOIN tblAlumnos ON tblNotas.IdAlu = tblAlumnos.Id WHERE "
-                                       "tblAlumnos.Grupo <> tblTareas.IdGru")),
+                                       "tblAlumnos.Grupo <> tblTareas.IdGru"), cn_).toInt(),
              0);
     QCOMPARE(
-        count(cn_, QStringLiteral("SELECT Count(*) AS N FROM (SELECT IdTarea, IdAlu FROM tblNotas GROUP BY IdTarea, "
-                                  "IdAlu HAVING Count(*) > 1) AS D")),
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (SELECT IdTarea, IdAlu FROM tblNotas GROUP BY IdTarea, "
+                                  "IdAlu HAVING Count(*) > 1) AS D"), cn_).toInt(),
         0);
 }
 
@@ -469,9 +458,9 @@ void TestSetup::demoNamesCarryAccentsAndEnye()
 
     // Born in the right years: 1º ESO in 2026-27 were born in 2014, a repeater in 2013.
     const int born =
-        scalar(cn_, QStringLiteral("SELECT Max(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 1")).toInt();
+        yearq::value(QStringLiteral("SELECT Max(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 1"), cn_).toInt();
     QCOMPARE(born, 2014);
-    QCOMPARE(scalar(cn_, QStringLiteral("SELECT Min(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 4")).toInt() >=
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 4"), cn_).toInt() >=
                  2008,
              true);
 }
@@ -505,7 +494,7 @@ void TestSetup::demoRubricsAddUp()
         QCOMPARE(rs.Value(QStringLiteral("A")).toInt(), rs.Value(QStringLiteral("B")).toInt());
         QVERIFY(rs.Value(QStringLiteral("A")).toInt() == 4 || rs.Value(QStringLiteral("A")).toInt() == 10);
     }
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotasRubrica WHERE Valor > Max OR Valor < 0")), 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasRubrica WHERE Valor > Max OR Valor < 0"), cn_).toInt(), 0);
     // Each rubric mark is the sum of its activities' points.
     rs.Open(
         QStringLiteral("SELECT tblNotas.Id, tblNotas.Nota, Sum(tblNotasRubrica.Valor / tblNotasRubrica.Max * "
@@ -522,44 +511,44 @@ void TestSetup::demoRubricsAddUp()
 
 void TestSetup::demoTimetableAndDiary()
 {
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblHorarioDias")), 5);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblHorarioHoras")), 6);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioDias"), cn_).toInt(), 5);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioHoras"), cn_).toInt(), 6);
     QCOMPARE(
-        scalar(cn_, QStringLiteral("SELECT FORMAT(Ini,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 1")).toString(),
+        yearq::value(QStringLiteral("SELECT FORMAT(Ini,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 1"), cn_).toString(),
         QStringLiteral("08:30"));
     QCOMPARE(
-        scalar(cn_, QStringLiteral("SELECT FORMAT(Fin,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 6")).toString(),
+        yearq::value(QStringLiteral("SELECT FORMAT(Fin,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 6"), cn_).toString(),
         QStringLiteral("14:10"));
-    QCOMPARE(scalar(cn_, QStringLiteral("SELECT Des FROM tblHorarioDias WHERE Orden = 1")).toString(),
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblHorarioDias WHERE Orden = 1"), cn_).toString(),
              QStringLiteral("Luns"));
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat = 0")) >= 1);
-    const int lessons = count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat > 0"));
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat = 0"), cn_).toInt() >= 1);
+    const int lessons = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat > 0"), cn_).toInt();
     QCOMPARE(lessons, 24);
 
     // Two weeks of diary around the reference day, Wednesday 18 November 2026.
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase")), 2 * lessons);
-    QCOMPARE(scalar(cn_, QStringLiteral("SELECT Min(Dia) AS D FROM tblDiarioClase")).toDate(), QDate(2026, 11, 9));
-    QCOMPARE(scalar(cn_, QStringLiteral("SELECT Max(Dia) AS D FROM tblDiarioClase")).toDate(), QDate(2026, 11, 20));
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo < 0 OR Listo > 4")), 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase"), cn_).toInt(), 2 * lessons);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Dia) AS D FROM tblDiarioClase"), cn_).toDate(), QDate(2026, 11, 9));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Max(Dia) AS D FROM tblDiarioClase"), cn_).toDate(), QDate(2026, 11, 20));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo < 0 OR Listo > 4"), cn_).toInt(), 0);
     QCOMPARE(
-        count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia < #2026/11/18# AND Des Is Null")),
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia < #2026/11/18# AND Des Is Null"), cn_).toInt(),
         0);
-    QVERIFY(count(cn_, QStringLiteral(
-                           "SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia >= #2026/11/18# AND Des Is Null")) > 0);
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo = 4")) > 10);
+    QVERIFY(yearq::value(QStringLiteral(
+                           "SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia >= #2026/11/18# AND Des Is Null"), cn_).toInt() > 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo = 4"), cn_).toInt() > 10);
 }
 
 void TestSetup::demoEvaluationAndFinalMarks()
 {
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Recuperar = True")) > 0);
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE NotaRec Is Not Null")) > 0);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Nota < 0 OR Nota > 10")), 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Recuperar = True"), cn_).toInt() > 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE NotaRec Is Not Null"), cn_).toInt() > 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Nota < 0 OR Nota > 10"), cn_).toInt(), 0);
     const int students =
-        count(cn_, QStringLiteral("SELECT Count(*) AS N FROM (SELECT DISTINCT IdAlu FROM tblNotasEval) AS D"));
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (SELECT DISTINCT IdAlu FROM tblNotasEval) AS D"), cn_).toInt();
     QVERIFY(students > 0 && students < 100);
-    const int finals = count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotasFinal"));
+    const int finals = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasFinal"), cn_).toInt();
     const int extraordinary =
-        count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblNotasFinal WHERE NotaE Is Not Null"));
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasFinal WHERE NotaE Is Not Null"), cn_).toInt();
     QVERIFY(finals > 0);
     QVERIFY(extraordinary > 0 && extraordinary < finals / 4);
 }
@@ -569,14 +558,14 @@ void TestSetup::demoTutoringIsForTheTutoredGroup()
     const QString outside =
         QStringLiteral("SELECT Count(*) AS N FROM (%1 INNER JOIN tblAlumnos ON %1.IdAlu = tblAlumnos.Id) "
                        "INNER JOIN tblGrupos ON tblAlumnos.Grupo = tblGrupos.Id WHERE tblGrupos.Tit = No");
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaCitas")) > 0);
-    QCOMPARE(count(cn_, outside.arg(QStringLiteral("tblTutoriaCitas"))), 0);
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaNotas")) > 0);
-    QCOMPARE(count(cn_, outside.arg(QStringLiteral("tblTutoriaNotas"))), 0);
-    QCOMPARE(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaMaterias WHERE Cod = 'MAT' OR Cod = 'EF'")),
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaCitas"), cn_).toInt() > 0);
+    QCOMPARE(yearq::value(outside.arg(QStringLiteral("tblTutoriaCitas")), cn_).toInt(), 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaNotas"), cn_).toInt() > 0);
+    QCOMPARE(yearq::value(outside.arg(QStringLiteral("tblTutoriaNotas")), cn_).toInt(), 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaMaterias WHERE Cod = 'MAT' OR Cod = 'EF'"), cn_).toInt(),
              2);
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = True")) > 0);
-    QVERIFY(count(cn_, QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = False")) > 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = True"), cn_).toInt() > 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = False"), cn_).toInt() > 0);
 }
 
 void TestSetup::demoIsDeterministic()
@@ -599,10 +588,10 @@ void TestSetup::demoDatesFollowTheYearName()
     setup::SetupResult r;
     QVERIFY2(setup::setupBase(o, &error, &r), qPrintable(error));
     auto cn = db::Connection::Open(r.databasePath);
-    QCOMPARE(scalar(cn, QStringLiteral("SELECT Min(Fec) AS D FROM tblEvaluaciones")).toDate().year(), 2031);
-    QCOMPARE(scalar(cn, QStringLiteral("SELECT Max(Fec) AS D FROM tblEvaluaciones")).toDate().year(), 2032);
-    QVERIFY(scalar(cn, QStringLiteral("SELECT Min(Dia) AS D FROM tblDiarioClase")).toDate() >= QDate(2031, 9, 1));
-    QVERIFY(scalar(cn, QStringLiteral("SELECT Min(FecIni) AS D FROM tblTareas")).toDate() >= QDate(2031, 9, 1));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Fec) AS D FROM tblEvaluaciones"), cn).toDate().year(), 2031);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Max(Fec) AS D FROM tblEvaluaciones"), cn).toDate().year(), 2032);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Min(Dia) AS D FROM tblDiarioClase"), cn).toDate() >= QDate(2031, 9, 1));
+    QVERIFY(yearq::value(QStringLiteral("SELECT Min(FecIni) AS D FROM tblTareas"), cn).toDate() >= QDate(2031, 9, 1));
 }
 
 QTEST_MAIN(TestSetup)

@@ -7,7 +7,7 @@
 //     list.cmdNovo->click();
 //     QCOMPARE(run->caption, QStringLiteral("Nuevo tipo de tarea"));
 //     QVERIFY(run->closedByItself());
-#include "ModalDriver.h"
+#include "support/ModalDriver.h"
 
 #include <QString>
 #include <QWidget>

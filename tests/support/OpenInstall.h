@@ -2,7 +2,7 @@
 // A temporary installation (see TempInstall) opened as the program opens it:
 // the program folder set and the session on its year. Going, it closes the
 // session and forgets the folder.
-#include "TempInstall.h"
+#include "support/TempInstall.h"
 #include "core/Modulo.h"
 
 class OpenInstall : public TempInstall {

@@ -6,8 +6,8 @@
 //
 //     void init() { harness_.start(); ... }
 //     void cleanup() { harness_.finish(); ... }
-#include "ModalDriver.h"
-#include "SessionYear.h"
+#include "support/ModalDriver.h"
+#include "support/SessionYear.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
 

@@ -7,7 +7,7 @@
 //     void cleanup() { session_.finish(); }
 //
 // ScreenYear (ScreenHarness.h) adds the screen harness for the tests of a screen.
-#include "TempYear.h"
+#include "support/TempYear.h"
 #include "core/Modulo.h"
 
 #include <memory>

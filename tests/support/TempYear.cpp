@@ -1,4 +1,4 @@
-#include "TempYear.h"
+#include "support/TempYear.h"
 
 #include "db/Schema.h"
 

@@ -26,6 +26,14 @@ inline int count(const QString& table, const db::ConnectionPtr& cn = gConexion)
     return value(QStringLiteral("SELECT COUNT(*) FROM ") + table, cn).toInt();
 }
 
+// How many rows a query gives.
+inline int rowCount(const QString& sql, const db::ConnectionPtr& cn = gConexion)
+{
+    db::Recordset rs;
+    rs.Open(sql, cn);
+    return rs.RecordCount();
+}
+
 // The first column of every row, as text.
 inline QStringList column(const QString& sql, const db::ConnectionPtr& cn = gConexion)
 {

@@ -1,5 +1,5 @@
 // The file and colour dialogs answered in advance.
-#include "ModalDriver.h"
+#include "support/ModalDriver.h"
 #include "ui/Dialogs.h"
 
 #include <QColorDialog>

@@ -1,6 +1,6 @@
 // The conventions of entry fields: focus colour and selection, white on
 // leaving, Enter to the next field, the decimal comma, the search box.
-#include "ModalDriver.h"
+#include "support/ModalDriver.h"
 #include "core/Modulo.h"
 #include "ui/Colors.h"
 #include "ui/EntryConventions.h"

@@ -1,6 +1,6 @@
 // The grid: shape and indices, fixed cells, sizes in twips,
 // colours, sorting, the wheel, binding and the list fill of the list screens.
-#include "../support/SessionYear.h"
+#include "support/SessionYear.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
 #include "ui/Colors.h"

@@ -1,6 +1,6 @@
 // The base form: activation on show and after a modal child, the Tag "A"
 // rule of list screens, Escape, and the busy pointer.
-#include "ModalDriver.h"
+#include "support/ModalDriver.h"
 #include "ui/Form.h"
 #include "ui/RuntimeErrorBox.h"
 

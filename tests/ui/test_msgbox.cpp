@@ -1,6 +1,6 @@
 // The message box: scripted answers, the log of boxes, the real box with its
 // Spanish buttons, and the strict mode of the tests.
-#include "ModalDriver.h"
+#include "support/ModalDriver.h"
 #include "ui/MsgBox.h"
 
 #include <QMessageBox>

@@ -1,5 +1,5 @@
 // RellenarCombo, OrdenarGrid and PulsarTecla on a seeded year.
-#include "../support/SessionYear.h"
+#include "support/SessionYear.h"
 #include "core/Modulo.h"
 #include "ui/FlexGrid.h"
 #include "ui/UiFunciones.h"

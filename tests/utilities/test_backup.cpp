@@ -2,9 +2,9 @@
 // standing for the drives: the path it proposes, copy and restore with their
 // questions and labels, the folders made from the drive, and copies that are
 // whole even while the session writes.
-#include "../support/OpenInstall.h"
-#include "../support/ScreenHarness.h"
-#include "../support/YearQueries.h"
+#include "support/OpenInstall.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "utilities/DatabaseCopy.h"
 #include "utilities/frmCopiaPen.h"
 

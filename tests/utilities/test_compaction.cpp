@@ -1,9 +1,9 @@
 // Compaction of the year and the copies it relies on: the scratch file under
 // the program folder, the compacted file put in place whole, the failure that
 // ends the program, and copies that never leave a partial file behind.
-#include "../support/OpenInstall.h"
-#include "../support/ScreenHarness.h"
-#include "../support/YearQueries.h"
+#include "support/OpenInstall.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "utilities/Compactar.h"
 #include "utilities/DatabaseCopy.h"
 

@@ -1,5 +1,5 @@
 #pragma once
-// Reading the grids and combos of the assessment screens back in tests.
+// Reading the grids and combos of the screens back in tests.
 #include "ui/FlexGrid.h"
 
 #include <QComboBox>
@@ -33,6 +33,15 @@ inline QList<int> widths(const FlexGrid& grid)
     for (int c = 0; c < grid.Cols(); ++c)
         list << grid.ColWidth(c);
     return list;
+}
+
+// The first body row whose column holds the text; -1 when none does.
+inline int rowWith(const FlexGrid& grid, int col, const QString& text)
+{
+    for (int r = 1; r < grid.Rows(); ++r)
+        if (grid.TextMatrix(r, col) == text)
+            return r;
+    return -1;
 }
 
 inline QStringList items(const QComboBox& box)

@@ -1,6 +1,6 @@
-#include "TempInstall.h"
+#include "support/TempInstall.h"
 
-#include "../support/TempYear.h"
+#include "support/TempYear.h"
 #include "db/Connection.h"
 #include "db/Schema.h"
 

@@ -1,6 +1,6 @@
-#include "ReportFixture.h"
+#include "support/ReportFixture.h"
 
-#include "TempYear.h"
+#include "support/TempYear.h"
 #include "core/Modulo.h"
 #include "db/Connection.h"
 #include "db/Schema.h"
