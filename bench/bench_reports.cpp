@@ -3,8 +3,8 @@
 // PDF entry of a viewer does it. Run by hand (`make bench`).
 #include "LargeYear.h"
 
-#include "reports/Report.h"
-#include "reports/ReportFiles.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportFiles.h"
 
 #include <QGuiApplication>
 #include <QTemporaryDir>

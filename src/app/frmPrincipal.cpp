@@ -94,7 +94,7 @@ frmPrincipal::frmPrincipal(QWidget* parent) : Form(parent)
     buildBands();
     layout->addWidget(bands_, 1);
 
-    setCaption(QStringLiteral("CADERNIA ## Curso ") + gAno);
+    setCaption(mainWindowCaption());
     resize(900, 600);
 }
 

@@ -9,7 +9,7 @@
 #include "ui/MsgBox.h"
 #include "ui/UiFunciones.h"
 #include "vb/Vb.h"
-#include "reports/frmInforme.h"
+#include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnosFicha.h"
 
 #include <QHBoxLayout>

@@ -20,6 +20,11 @@ namespace {
 QString gProgramFolder;
 }
 
+QString mainWindowCaption()
+{
+    return QStringLiteral("CADERNIA ## Curso ") + gAno;
+}
+
 QString RutaPrograma()
 {
     if (!gProgramFolder.isEmpty())

@@ -19,6 +19,10 @@ extern QVariant CodigoAtopado;      // student chosen in the search, or the key 
 extern qint32 gFilaActual;          // grid row kept across a refill; 0 when idle
 extern QString gAtopar;
 
+// The caption of the main window, "CADERNIA ## Curso " and the year; the
+// reports print it as the school's line.
+QString mainWindowCaption();
+
 // The folder of the program file. Tests and tools may point it elsewhere.
 QString RutaPrograma();
 void SetRutaPrograma(const QString& folder);

@@ -2,6 +2,7 @@
 
 #include "db/JetSql.h"
 #include "db/SqlValue.h"
+#include "vb/Clock.h"
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
 
@@ -285,10 +286,10 @@ void jetRight(sqlite3_context* ctx, int, sqlite3_value** argv)
 
 void jetNow(sqlite3_context* ctx, int, sqlite3_value**)
 {
-    setResult(ctx, QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
+    setResult(ctx, vb::Clock::now().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
 }
 
-void jetDate(sqlite3_context* ctx, int, sqlite3_value**) { setResult(ctx, QDate::currentDate().toString(Qt::ISODate)); }
+void jetDate(sqlite3_context* ctx, int, sqlite3_value**) { setResult(ctx, vb::Clock::today().toString(Qt::ISODate)); }
 
 template <int Part>
 QVariant datePart(const QVariant& value)

@@ -23,11 +23,11 @@ namespace {
 
 // The main window shows the year in its caption. It is found among the
 // top-level windows by its name, so that this screen needs nothing of it.
-void PonerTituloPrincipal()
+void PonermainWindowCaption()
 {
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w->objectName() == QLatin1String("frmPrincipal"))
-            w->setWindowTitle(QStringLiteral("CADERNIA ## Curso ") + gAno);
+            w->setWindowTitle(mainWindowCaption());
 }
 
 // AbrirConexion takes the year from the ano.ini beside the program, which
@@ -159,7 +159,7 @@ void frmAno::cmdCrear_Click()
 
     Compactar();
     SesionEnCurso(nombre);
-    PonerTituloPrincipal();
+    PonermainWindowCaption();
     Unload();
 }
 
@@ -177,6 +177,6 @@ void frmAno::lstInforma_DblClick(const QString& nombre)
     if (gConexion)
         gConexion->Close();
     AbrirConexion();
-    PonerTituloPrincipal();
+    PonermainWindowCaption();
     Unload();
 }

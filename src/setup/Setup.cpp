@@ -1,6 +1,7 @@
 #include "setup/Setup.h"
+#include "vb/Clock.h"
 
-#include "reports/ReportFiles.h"
+#include "reports/engine/ReportFiles.h"
 
 #include "db/Connection.h"
 #include "db/Schema.h"
@@ -155,7 +156,7 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
 {
     if (options.baseFolder.trimmed().isEmpty())
         return fail(error, QStringLiteral("Falta la carpeta base."));
-    const QDate today = options.today.isValid() ? options.today : QDate::currentDate();
+    const QDate today = options.today.isValid() ? options.today : vb::Clock::today();
     const QString year = options.yearName.isEmpty() ? schoolYearName(today) : options.yearName;
     if (const QString why = checkYearName(year); !why.isEmpty())
         return fail(error, why);

@@ -6,7 +6,7 @@
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
-#include "reports/frmInforme.h"
+#include "reports/viewers/frmInforme.h"
 #include "students/ConsultasAlumnos.h"
 #include "students/frmAlumnosFicha.h"
 

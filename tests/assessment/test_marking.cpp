@@ -11,8 +11,8 @@
 #include "marks/frmEvaluarNota.h"
 #include "core/Modulo.h"
 #include "ui/Colors.h"
-#include "reports/ReportDocument.h"
-#include "reports/frmInforme.h"
+#include "reports/engine/ReportDocument.h"
+#include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnosFicha.h"
 
 #include <QHeaderView>

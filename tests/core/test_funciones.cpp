@@ -5,6 +5,7 @@
 #include "core/MesALetra.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "vb/Clock.h"
 #include "vb/RuntimeError.h"
 
 #include <QtTest>
@@ -19,6 +20,17 @@ class TestFunciones : public QObject {
 private slots:
     void init() { session_.start(); }
     void cleanup() { session_.finish(); }
+
+    void dateAndNowInStatementsFollowTheClock()
+    {
+        vb::Clock::setFixed(QDateTime(QDate(2031, 2, 28), QTime(9, 15, 30)));
+        const QVariant today = value(QStringLiteral("SELECT Date() AS D"));
+        const QVariant now = value(QStringLiteral("SELECT Now() AS D"));
+        vb::Clock::reset();
+        QCOMPARE(today.toString(), QStringLiteral("2031-02-28"));
+        QCOMPARE(now.toString(), QStringLiteral("2031-02-28 09:15:30"));
+        QCOMPARE(value(QStringLiteral("SELECT Date() AS D")).toString(), QDate::currentDate().toString(Qt::ISODate));
+    }
 
     void siguienteIdOnAnEmptyTableIsOne()
     {

@@ -8,10 +8,10 @@
 #include "db/Recordset.h"
 #include "ui/MsgBox.h"
 #include "vb/RuntimeError.h"
-#include "reports/Report.h"
-#include "reports/ReportData.h"
-#include "reports/ReportFiles.h"
-#include "reports/SelectionFormula.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportData.h"
+#include "reports/engine/ReportFiles.h"
+#include "reports/engine/SelectionFormula.h"
 
 #include <QFile>
 #include <QtTest>

@@ -9,9 +9,10 @@
 #include "support/ReportFixture.h"
 #include "core/Modulo.h"
 #include "ui/MsgBox.h"
-#include "reports/Catalogue.h"
-#include "reports/Report.h"
-#include "reports/ReportViewer.h"
+#include "reports/engine/ReportErrors.h"
+#include "reports/engine/Catalogue.h"
+#include "reports/engine/Report.h"
+#include "reports/viewers/ReportViewer.h"
 
 #include <QFile>
 #include <QProcess>
@@ -202,7 +203,7 @@ private slots:
                 {fixture.base(), ReportFixture::firstYear(), QStringLiteral("NotasAval"), QStringLiteral("x.pdf")});
         QVERIFY(p.waitForFinished(60000));
         QCOMPARE(p.exitCode(), 2);
-        QVERIFY(QString::fromUtf8(p.readAllStandardError()).contains(ReportViewer::missingFileText()));
+        QVERIFY(QString::fromUtf8(p.readAllStandardError()).contains(reports::missingFileText()));
     }
 };
 

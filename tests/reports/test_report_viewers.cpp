@@ -6,11 +6,13 @@
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
 #include "ui/RuntimeErrorBox.h"
-#include "reports/ReportDocument.h"
-#include "reports/ReportSeams.h"
-#include "reports/frmInforme.h"
-#include "reports/frmInformeHojaDoc.h"
-#include "reports/frmInformeListado.h"
+#include "reports/engine/ReportErrors.h"
+#include "reports/viewers/PrinterOutput.h"
+#include "reports/engine/ReportDocument.h"
+#include "reports/engine/ReportSeams.h"
+#include "reports/viewers/frmInforme.h"
+#include "reports/viewers/frmInformeHojaDoc.h"
+#include "reports/viewers/frmInformeListado.h"
 
 #include <QDir>
 #include <QFile>
@@ -358,7 +360,7 @@ private slots:
         hoja.setTipo(QStringLiteral("FichaAlumno"));
         MsgBox::setNextAnswer(vbOK);
         hoja.show();
-        QCOMPARE(MsgBox::shown().last().text, ReportViewer::missingFileText());
+        QCOMPARE(MsgBox::shown().last().text, reports::missingFileText());
         QVERIFY(!hoja.shownReport());
     }
 

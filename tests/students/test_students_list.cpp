@@ -3,9 +3,9 @@
 #include "AlumnosTest.h"
 #include "ui/Colors.h"
 #include "ui/MsgBox.h"
-#include "reports/ReportDocument.h"
-#include "reports/ReportFiles.h"
-#include "reports/frmInforme.h"
+#include "reports/engine/ReportDocument.h"
+#include "reports/engine/ReportFiles.h"
+#include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnos.h"
 #include "students/frmAlumnosFicha.h"
 

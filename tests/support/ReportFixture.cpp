@@ -1,11 +1,12 @@
 #include "support/ReportFixture.h"
+#include "vb/Clock.h"
 
 #include "support/TempYear.h"
 #include "core/Modulo.h"
 #include "db/Connection.h"
 #include "db/Schema.h"
-#include "reports/ReportFiles.h"
-#include "reports/ReportSeams.h"
+#include "reports/engine/ReportFiles.h"
+#include "reports/engine/ReportSeams.h"
 
 #include <QDateTime>
 
@@ -69,13 +70,13 @@ ReportFixture::ReportFixture()
     switchYear(firstYear());
     previousDir_ = QDir::currentPath();
     QDir::setCurrent(program());
-    reports::Clock::setFixed(QDateTime(QDate(2025, 3, 5), QTime(10, 30, 15)));
+    vb::Clock::setFixed(QDateTime(QDate(2025, 3, 5), QTime(10, 30, 15)));
 }
 
 ReportFixture::~ReportFixture()
 {
     QDir::setCurrent(previousDir_);
-    reports::Clock::reset();
+    vb::Clock::reset();
     gConexion.reset();
 }
 

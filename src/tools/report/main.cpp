@@ -5,11 +5,12 @@
 // holds), YEAR the year's folder under it; the student record (KEY
 // FichaAlumno) reads Impresion/Impresion.mdb under the current directory.
 #include "core/Modulo.h"
+#include "vb/Clock.h"
 #include "vb/RuntimeError.h"
-#include "reports/Catalogue.h"
-#include "reports/Report.h"
-#include "reports/ReportSeams.h"
-#include "reports/ReportViewer.h"
+#include "reports/engine/Catalogue.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportSeams.h"
+#include "reports/engine/ReportErrors.h"
 
 #include <QCommandLineParser>
 #include <QDate>
@@ -84,12 +85,12 @@ int main(int argc, char** argv)
             date = QDate::fromString(parser.value(dateOpt), Qt::ISODate);
         if (!date.isValid())
             return usage(QStringLiteral("fecha no válida: %1").arg(parser.value(dateOpt)));
-        reports::Clock::setFixed(QDateTime(date, QTime(12, 0)));
+        vb::Clock::setFixed(QDateTime(date, QTime(12, 0)));
     }
 
     try {
         auto report = reports::Report::open(reports::catalogue::filePath(gRutaBase, key, entry));
-        report->setParameter(QStringLiteral("pEmpresa"), reports::mainCaption());
+        report->setParameter(QStringLiteral("pEmpresa"), mainWindowCaption());
         if (entry == QLatin1String("Notas Finais"))
             report->setParameter(QStringLiteral("pTitulo"), reports::catalogue::finalMarksTitle());
         if (parser.isSet(titleOpt))
@@ -113,7 +114,7 @@ int main(int argc, char** argv)
                     document->pageCount() == 1 ? "página" : "páginas");
     } catch (const RuntimeError& e) {
         const QString text = e.Number() == reports::FileNotFound
-                                 ? ReportViewer::missingFileText() + QStringLiteral(" (") + e.Description() + u')'
+                                 ? reports::missingFileText() + QStringLiteral(" (") + e.Description() + u')'
                                  : e.Description();
         std::fprintf(stderr, "cadernia-report: %s\n", qPrintable(text));
         return 2;

@@ -44,12 +44,6 @@ public:
     // Whether a print would find a report (false after printing).
     bool hasReport() const { return report_ != nullptr; }
 
-    // The message of a report file that is not where the catalogue says.
-    static QString missingFileText()
-    {
-        return QStringLiteral("El archivo de reporte no se encuentra, restáurelo de los discos de instalación");
-    }
-
 protected:
     // Opens the report file at `path`, gives it the values of its parameter
     // fields found in `values`, the year's database when it reads the year,
@@ -74,8 +68,3 @@ private:
     std::shared_ptr<reports::ReportDocument> shown_;
     std::shared_ptr<reports::ReportDocument> report_;
 };
-
-namespace reports {
-// The caption of the main window, which the reports carry as pEmpresa.
-QString mainCaption();
-} // namespace reports

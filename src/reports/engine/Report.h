@@ -11,9 +11,9 @@
 //
 // Failures are RuntimeErrors: the missing file has the number FileNotFound
 // (ReportErrors.h); the data engine's own failures keep theirs.
-#include "reports/ReportDefinition.h"
-#include "reports/ReportDocument.h"
-#include "reports/ReportErrors.h"
+#include "reports/engine/ReportDefinition.h"
+#include "reports/engine/ReportDocument.h"
+#include "reports/engine/ReportErrors.h"
 
 #include <QHash>
 #include <QString>

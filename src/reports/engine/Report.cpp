@@ -1,10 +1,11 @@
-#include "reports/Report.h"
+#include "reports/engine/Report.h"
+#include "vb/Clock.h"
 
 #include "db/Connection.h"
 #include "vb/RuntimeError.h"
-#include "reports/ReportData.h"
-#include "reports/ReportSeams.h"
-#include "reports/SelectionFormula.h"
+#include "reports/engine/ReportData.h"
+#include "reports/engine/ReportSeams.h"
+#include "reports/engine/SelectionFormula.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -92,7 +93,7 @@ std::shared_ptr<ReportDocument> Report::render() const
     const QString title = parameters_.value(QStringLiteral("pTitulo")).trimmed().isEmpty()
                               ? def_.title
                               : parameters_.value(QStringLiteral("pTitulo"));
-    const QDateTime now = Clock::now();
+    const QDateTime now = vb::Clock::now();
     const ReportData reportData(def_, cn, condition, parameters_, title, now.date());
 
     PageHeader header;

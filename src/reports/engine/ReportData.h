@@ -5,7 +5,7 @@
 //
 // What a template can name is told in data/reports/README.md.
 #include "db/Connection.h"
-#include "reports/ReportDefinition.h"
+#include "reports/engine/ReportDefinition.h"
 
 #include <QDate>
 #include <QHash>

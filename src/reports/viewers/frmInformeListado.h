@@ -10,7 +10,7 @@
 //     informe.setInfo("IN: 1 | SF: 0 | BE: 2 | NT: 0 | SB: 0");
 //     informe.setFiltro("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =1 AND {tblNotasEval.IdMat} = 1");
 //     ShowModal(&informe);
-#include "reports/ReportViewer.h"
+#include "reports/viewers/ReportViewer.h"
 
 class frmInformeListado : public ReportViewer {
     Q_OBJECT

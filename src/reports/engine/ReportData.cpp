@@ -1,9 +1,9 @@
-#include "reports/ReportData.h"
+#include "reports/engine/ReportData.h"
 
 #include "db/Recordset.h"
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
-#include "reports/ReportErrors.h"
+#include "reports/engine/ReportErrors.h"
 
 #include <QDateTime>
 #include <QRegularExpression>

@@ -8,7 +8,7 @@
 //     informe.setTipo("Alumnos");
 //     informe.setFiltro("Sin Filtro");
 //     ShowModal(&informe);
-#include "reports/ReportViewer.h"
+#include "reports/viewers/ReportViewer.h"
 
 class QListWidget;
 class QListWidgetItem;

@@ -1,4 +1,4 @@
-#include "reports/frmInformeHojaDoc.h"
+#include "reports/viewers/frmInformeHojaDoc.h"
 
 frmInformeHojaDoc::frmInformeHojaDoc(QWidget* parent) : ReportViewer(parent)
 {

@@ -6,7 +6,7 @@
 //     frmInformeHojaDoc hoja(this);
 //     hoja.setTipo("FichaAlumno");
 //     ShowModal(&hoja);
-#include "reports/ReportViewer.h"
+#include "reports/viewers/ReportViewer.h"
 
 class frmInformeHojaDoc : public ReportViewer {
     Q_OBJECT

@@ -1,7 +1,7 @@
-#include "reports/frmInformeListado.h"
+#include "reports/viewers/frmInformeListado.h"
 
 #include "core/Modulo.h"
-#include "reports/Catalogue.h"
+#include "reports/engine/Catalogue.h"
 
 frmInformeListado::frmInformeListado(QWidget* parent) : ReportViewer(parent)
 {

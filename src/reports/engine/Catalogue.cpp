@@ -1,4 +1,4 @@
-#include "reports/Catalogue.h"
+#include "reports/engine/Catalogue.h"
 
 namespace reports::catalogue {
 

@@ -1,7 +1,7 @@
-#include "reports/frmInforme.h"
+#include "reports/viewers/frmInforme.h"
 
 #include "core/Modulo.h"
-#include "reports/Catalogue.h"
+#include "reports/engine/Catalogue.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -42,7 +42,7 @@ void frmInforme::openEntry(const QString& entry)
 {
     static const char* const bands[] = {"pnotaIN", "pnotaSF", "pnotaBE", "pnotaNT", "pnotaSB"};
     QHash<QString, QString> values;
-    values.insert(QStringLiteral("pEmpresa"), reports::mainCaption());
+    values.insert(QStringLiteral("pEmpresa"), mainWindowCaption());
     values.insert(QStringLiteral("pTitulo"),
                   entry == QLatin1String("Notas Finais") ? reports::catalogue::finalMarksTitle() : titulo_);
     for (int i = 0; i < 5; ++i)

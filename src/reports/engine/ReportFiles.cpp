@@ -1,4 +1,4 @@
-#include "reports/ReportFiles.h"
+#include "reports/engine/ReportFiles.h"
 
 #include <QDir>
 #include <QFile>

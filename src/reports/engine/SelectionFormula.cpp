@@ -1,7 +1,7 @@
-#include "reports/SelectionFormula.h"
+#include "reports/engine/SelectionFormula.h"
 
 #include "vb/RuntimeError.h"
-#include "reports/ReportErrors.h"
+#include "reports/engine/ReportErrors.h"
 
 #include <QList>
 

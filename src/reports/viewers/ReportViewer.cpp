@@ -1,12 +1,14 @@
-#include "reports/ReportViewer.h"
+#include "reports/viewers/ReportViewer.h"
+#include "vb/Clock.h"
 
 #include "core/Modulo.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
 #include "ui/RuntimeErrorBox.h"
 #include "vb/Vb.h"
-#include "reports/Report.h"
-#include "reports/ReportSeams.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportSeams.h"
+#include "reports/viewers/PrinterOutput.h"
 
 #include <QDir>
 #include <QHBoxLayout>
@@ -23,11 +25,6 @@ namespace {
 constexpr int kSubscriptOutOfRange = 9;
 
 } // namespace
-
-QString reports::mainCaption()
-{
-    return QStringLiteral("CADERNIA ## Curso ") + gAno;
-}
 
 ReportViewer::ReportViewer(QWidget* parent) : Form(parent)
 {
@@ -97,7 +94,7 @@ bool ReportViewer::showReport(const QString& path, const QHash<QString, QString>
             report->setSelectionFormula(formula);
             document = report->render();
         } catch (const RuntimeError& e) {
-            failure = e.Number() == reports::FileNotFound ? missingFileText() : e.Description();
+            failure = e.Number() == reports::FileNotFound ? reports::missingFileText() : e.Description();
         }
     }
     if (!document) {
@@ -145,7 +142,7 @@ void ReportViewer::printOn(int which)
         const QString folder = gRutaBase + QStringLiteral("/PDF");
         QDir().mkpath(folder);
         const QString file = folder + u'/' + report_->name() + u'-' +
-                             reports::Clock::now().toString(QStringLiteral("yyyyMMdd-HHmmss")) + QStringLiteral(".pdf");
+                             vb::Clock::now().toString(QStringLiteral("yyyyMMdd-HHmmss")) + QStringLiteral(".pdf");
         report_->writePdf(file);
         reports::Desktop::openFile(file);
     } else {

@@ -1,7 +1,7 @@
-#include "reports/ReportDefinition.h"
+#include "reports/engine/ReportDefinition.h"
 
 #include "vb/RuntimeError.h"
-#include "reports/ReportErrors.h"
+#include "reports/engine/ReportErrors.h"
 
 #include <QRegularExpression>
 
