@@ -128,23 +128,55 @@ const Translation& Connection::Translate(const QString& statement, bool rowids)
     JetSql::Options options;
     options.rowids = rowids;
     options.isDateColumn = [this](const QString& table, const QString& column) { return isDateColumn(table, column); };
+    options.tableDecl = [this](QStringView table) { return tableDecl(table); };
     return *cache.insert(statement, JetSql::translate(statement, options));
+}
+
+const QVector<TableDecl>& Connection::schema()
+{
+    if (!schema_) {
+        schema_.emplace();
+        schema_->reserve(32);
+        sqlite3_stmt* stmt = Prepare(QStringLiteral("SELECT m.name, p.name, p.type FROM sqlite_master AS m JOIN "
+                                                    "pragma_table_info(m.name) AS p WHERE m.type = 'table' "
+                                                    "ORDER BY m.name, p.cid"));
+        auto text = [stmt](int col) { return reinterpret_cast<const char*>(sqlite3_column_text(stmt, col)); };
+        while (sqlite3_step(stmt) == SQLITE_ROW) {
+            const QString table = QString::fromUtf8(text(0));
+            if (schema_->isEmpty() || schema_->constLast().name != table)
+                schema_->append(TableDecl{table, {}});
+            TableDecl& t = schema_->last();
+            ColumnDecl c = columnDeclFrom(text(2));
+            c.name = QString::fromUtf8(text(1));
+            t.columns << c;
+        }
+        sqlite3_reset(stmt);
+    }
+    return *schema_;
+}
+
+// A year has a score of tables: a look along them, without regard to case,
+// costs less than a lower-case copy of the name for a hash.
+const TableDecl* Connection::tableDecl(QStringView table)
+{
+    for (const TableDecl& t : schema())
+        if (t.name.size() == table.size() && table.compare(t.name, Qt::CaseInsensitive) == 0)
+            return &t;
+    return nullptr;
 }
 
 bool Connection::isDateColumn(const QString& table, const QString& column)
 {
-    auto key = [](QStringView t, QStringView c) { return (t.toString() + u'.' + c.toString()).toLower(); };
-    if (!dateColumns_) {
-        dateColumns_.emplace();
-        sqlite3_stmt* stmt = Prepare(QStringLiteral("SELECT m.name, p.name, p.type FROM sqlite_master AS m JOIN "
-                                                    "pragma_table_info(m.name) AS p WHERE m.type = 'table'"));
-        auto text = [stmt](int col) { return reinterpret_cast<const char*>(sqlite3_column_text(stmt, col)); };
-        while (sqlite3_step(stmt) == SQLITE_ROW)
-            if (columnTypeFromDecl(text(2)) == ColumnType::Date)
-                dateColumns_->insert(key(QString::fromUtf8(text(0)), QString::fromUtf8(text(1))));
-        sqlite3_reset(stmt);
-    }
-    return dateColumns_->contains(key(table, column));
+    const TableDecl* t = tableDecl(table);
+    const ColumnDecl* c = t ? t->column(column) : nullptr;
+    return c && c->type == ColumnType::Date;
+}
+
+int Connection::columnSize(const QString& table, const QString& column)
+{
+    const TableDecl* t = tableDecl(table);
+    const ColumnDecl* c = t ? t->column(column) : nullptr;
+    return c ? c->size : 0;
 }
 
 sqlite3_stmt* Connection::Prepare(const QString& sqliteText)
@@ -199,6 +231,14 @@ void Connection::ExecuteNative(const QString& sql)
 {
     if (!db_)
         throw RuntimeError(RuntimeError::DatabaseError, QStringLiteral("La conexión está cerrada."));
+    // A new or changed table changes what the translations know of it.
+    if (sql.contains(QLatin1String("CREATE"), Qt::CaseInsensitive)
+        || sql.contains(QLatin1String("ALTER"), Qt::CaseInsensitive)
+        || sql.contains(QLatin1String("DROP"), Qt::CaseInsensitive)) {
+        schema_.reset();
+        translations_[0].clear();
+        translations_[1].clear();
+    }
     char* err = nullptr;
     if (sqlite3_exec(db_, sql.toUtf8().constData(), nullptr, nullptr, &err) != SQLITE_OK) {
         const QString msg = QString::fromUtf8(err ? err : "");

@@ -2,9 +2,9 @@
 // A session on one year's database file. Statements in the system's dialect
 // are translated (JetSql), prepared once and kept in a cache by their text.
 #include "db/JetSql.h"
+#include "db/SqlValue.h"
 
 #include <QHash>
-#include <QSet>
 #include <QString>
 #include <memory>
 #include <optional>
@@ -36,6 +36,13 @@ public:
     // Runs SQLite text as it stands (schema, maintenance); several statements allowed.
     void ExecuteNative(const QString& sql);
 
+    // The declared size of a text column (VARCHAR(n): n), for entry fields
+    // that limit typing to it; 0 for a column without one or unknown.
+    int columnSize(const QString& table, const QString& column);
+    // The declared columns of a table, from the year's schema; null when
+    // there is no such table.
+    const TableDecl* tableDecl(QStringView table);
+
     // Translation, cached by text.
     const Translation& Translate(const QString& statement, bool rowids = false);
 
@@ -51,15 +58,17 @@ private:
     explicit Connection(const QString& path);
     void openFile(bool create);
     void clearCache();
-    // Whether table.column is declared a date; the year's schema is read
-    // once, at the first question.
+    // Whether table.column is declared a date.
     bool isDateColumn(const QString& table, const QString& column);
+    // The year's schema, read once, at the first question, and again after
+    // a change of the schema through ExecuteNative.
+    const QVector<TableDecl>& schema();
 
     QString path_;
     sqlite3* db_ = nullptr;
     QHash<QString, sqlite3_stmt*> statements_;
     QHash<QString, Translation> translations_[2];
-    std::optional<QSet<QString>> dateColumns_; // "table.column", lower case
+    std::optional<QVector<TableDecl>> schema_;
 };
 
 using ConnectionPtr = std::shared_ptr<Connection>;

@@ -13,6 +13,8 @@
 
 namespace db {
 
+struct TableDecl;
+
 struct Translation {
     enum class Kind { Query, Command, Pivot };
 
@@ -36,6 +38,13 @@ public:
         // ORDER BY on such a column goes without the collation and can walk
         // an index of the column. Without it every ORDER BY term is collated.
         std::function<bool(const QString& table, const QString& column)> isDateColumn;
+        // The declared columns of a table, null when unknown. With it, what
+        // INSERT and UPDATE write is fitted to the target column (a Single
+        // column keeps the nearest single-precision number; a longer text,
+        // or a whole number outside the range of a Byte, Integer or Long
+        // column, fails the statement), text grouping terms are told from
+        // number and date ones, and `date + n` knows its dates.
+        std::function<const TableDecl*(QStringView table)> tableDecl;
     };
 
     // Throws RuntimeError (syntax) when the text is not a statement of the dialect.
@@ -44,6 +53,14 @@ public:
 
     // Name of the collation added to text ORDER BY terms and text comparisons.
     static constexpr const char* kCollation = "jet_es";
+    // Name of the collation added to text GROUP BY terms, to the columns of
+    // a DISTINCT and to a PIVOT column: case-insensitive, accents apart.
+    static constexpr const char* kGroupCollation = "jet_nocase";
+    // Nesting of expressions, subqueries and joins allowed in a statement;
+    // deeper is a syntax error. The parser recurses, some 2 KB of stack a
+    // level, so the cap keeps any thread's stack safe; SQLite's own parser
+    // stops sooner (near 100 parentheses).
+    static constexpr int kMaxNesting = 256;
     // Prefix of the hidden key columns.
     static constexpr const char* kRowidPrefix = "__rowid_";
 };

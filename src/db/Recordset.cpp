@@ -1,19 +1,14 @@
 #include "db/Recordset.h"
 
+#include "db/RecordsetInternal.h"
 #include "db/SqlFunctions.h"
 #include "vb/RuntimeError.h"
-#include "vb/Vb.h"
 
-#include <QDate>
-#include <QDateTime>
-#include <QSet>
-#include <QTime>
 #include <sqlite3.h>
 
-#include <algorithm>
-
 namespace db {
-namespace {
+
+namespace detail {
 
 [[noreturn]] void noCurrentRecord()
 {
@@ -22,7 +17,7 @@ namespace {
                                       "requiere un registro actual."));
 }
 
-[[noreturn]] void badArgument(const QString& detail = QString())
+[[noreturn]] void badArgument(const QString& detail)
 {
     QString msg = QStringLiteral("Los argumentos son de tipo incorrecto, están fuera del intervalo aceptable o están "
                                  "en conflicto unos con otros.");
@@ -35,12 +30,6 @@ namespace {
 {
     throw RuntimeError(RuntimeError::ObjectClosed,
                        QStringLiteral("No se permite realizar la operación si el objeto está cerrado."));
-}
-
-[[noreturn]] void readOnlyField(const QString& name)
-{
-    throw RuntimeError(RuntimeError::DatabaseError,
-                       QStringLiteral("No se puede actualizar el campo '%1': no pertenece a una tabla.").arg(name));
 }
 
 bool isNumber(const QVariant& v)
@@ -59,133 +48,11 @@ bool isNumber(const QVariant& v)
     }
 }
 
-// A value given to a field becomes what the column holds.
-QVariant coerce(const QVariant& v, ColumnType type)
-{
-    if (!v.isValid() || v.isNull())
-        return QVariant();
-    switch (type) {
-    case ColumnType::Boolean:
-        if (v.typeId() == QMetaType::Bool)
-            return v;
-        return QVariant(vb::CDbl(v) != 0.0);
-    case ColumnType::Single:
-        return QVariant(vb::CSng(v));
-    case ColumnType::Double:
-        return QVariant(vb::CDbl(v));
-    case ColumnType::Integer:
-        if (v.typeId() == QMetaType::LongLong)
-            return v;
-        return QVariant(vb::CLng(v));
-    case ColumnType::Date:
-        if (v.typeId() == QMetaType::QDate || v.typeId() == QMetaType::QDateTime || v.typeId() == QMetaType::QTime)
-            return v;
-        return vb::CDate(v);
-    case ColumnType::Text:
-        if (v.typeId() == QMetaType::QString)
-            return v;
-        return vb::CStr(v);
-    case ColumnType::Any:
-        break;
-    }
-    return v;
-}
+} // namespace detail
 
-// One test of a Find: a column, an operator and a literal.
-struct Criterion {
-    QString column;
-    QString op;
-    QVariant literal;
-};
+using namespace detail;
 
-Criterion parseCriterion(const QString& text)
-{
-    Criterion c;
-    const QString s = text.trimmed();
-    int i = 0;
-    if (s.startsWith(u'[')) {
-        const int end = s.indexOf(u']');
-        if (end < 0)
-            badArgument(text);
-        c.column = s.mid(1, end - 1);
-        i = end + 1;
-    } else {
-        while (i < s.size() && (s[i].isLetterOrNumber() || s[i] == u'_' || s[i] == u'.'))
-            ++i;
-        c.column = s.left(i);
-        if (c.column.contains(u'.'))
-            c.column = c.column.section(u'.', -1);
-    }
-    while (i < s.size() && s[i].isSpace())
-        ++i;
-    static const char* ops[] = {"<>", "<=", ">=", "=", "<", ">"};
-    for (const char* op : ops) {
-        if (QStringView(s).mid(i).startsWith(QLatin1String(op))) {
-            c.op = QLatin1String(op);
-            break;
-        }
-    }
-    if (c.op.isEmpty() && QStringView(s).mid(i).startsWith(QLatin1String("LIKE"), Qt::CaseInsensitive))
-        c.op = QStringLiteral("LIKE");
-    if (c.column.isEmpty() || c.op.isEmpty())
-        badArgument(text);
-    const QString value = s.mid(i + c.op.size()).trimmed();
-    if (value.size() >= 2 && (value.startsWith(u'\'') || value.startsWith(u'"')) && value.endsWith(value[0])) {
-        const QString inner = value.mid(1, value.size() - 2);
-        if (inner.contains(value[0]))
-            badArgument(text); // an unescaped quote inside the text
-        c.literal = inner;
-    } else if (value.size() >= 2 && value.startsWith(u'#') && value.endsWith(u'#')) {
-        c.literal = vb::CDate(value.mid(1, value.size() - 2).replace(u'-', u'/'));
-    } else if (value.compare(QLatin1String("Null"), Qt::CaseInsensitive) == 0) {
-        c.literal = QVariant();
-    } else {
-        bool ok = false;
-        const double d = value.toDouble(&ok);
-        if (!ok)
-            badArgument(text);
-        c.literal = d;
-    }
-    return c;
-}
-
-int compareValues(const QVariant& a, const QVariant& b)
-{
-    if (isNumber(a) && isNumber(b)) {
-        const double x = a.toDouble(), y = b.toDouble();
-        return x < y ? -1 : x > y ? 1 : 0;
-    }
-    if (a.typeId() == QMetaType::QDate && b.typeId() == QMetaType::QDate)
-        return a.toDate() < b.toDate() ? -1 : a.toDate() > b.toDate() ? 1 : 0;
-    if (a.typeId() == QMetaType::QDateTime || b.typeId() == QMetaType::QDateTime) {
-        const QDateTime x = a.toDateTime(), y = b.toDateTime();
-        return x < y ? -1 : x > y ? 1 : 0;
-    }
-    return compareSpanish(isNumber(a) ? vb::CStr(a) : a.toString(), isNumber(b) ? vb::CStr(b) : b.toString());
-}
-
-bool matches(const QVariant& value, const Criterion& c)
-{
-    if (value.isNull() || !c.literal.isValid())
-        return c.op == QLatin1String("=") && value.isNull() && !c.literal.isValid();
-    if (c.op == QLatin1String("LIKE")) {
-        QString pattern = c.literal.toString();
-        pattern.replace(u'*', u'%').replace(u'?', u'_');
-        return jetLike(pattern, isNumber(value) ? vb::CStr(value) : value.toString());
-    }
-    const int r = compareValues(value, c.literal);
-    if (c.op == QLatin1String("="))
-        return r == 0;
-    if (c.op == QLatin1String("<>"))
-        return r != 0;
-    if (c.op == QLatin1String("<"))
-        return r < 0;
-    if (c.op == QLatin1String(">"))
-        return r > 0;
-    if (c.op == QLatin1String("<="))
-        return r <= 0;
-    return r >= 0;
-}
+namespace {
 
 // Source given as a bare table name rather than a statement.
 bool isTableName(const QString& source)
@@ -199,14 +66,6 @@ bool isTableName(const QString& source)
         if (!(c.isLetterOrNumber() || c == u'_'))
             return false;
     return true;
-}
-
-// Heading of a pivot column: the value as text, "<>" for Null.
-QString pivotHeading(const QVariant& v)
-{
-    if (v.isNull())
-        return QStringLiteral("<>");
-    return isNumber(v) ? vb::CStr(v) : v.toString();
 }
 
 } // namespace
@@ -331,7 +190,11 @@ void Recordset::fetch(const Translation& t)
             c.table = QString::fromUtf8(table);
         if (const char* origin = sqlite3_column_origin_name(stmt, i))
             c.origin = QString::fromUtf8(origin);
-        c.type = columnTypeFromDecl(sqlite3_column_decltype(stmt, i));
+        const ColumnDecl decl = columnDeclFrom(sqlite3_column_decltype(stmt, i));
+        c.type = decl.type;
+        c.size = decl.size;
+        c.min = decl.min;
+        c.max = decl.max;
         columns_ << c;
         names_ << name;
         visible << i;
@@ -363,88 +226,6 @@ void Recordset::fetch(const Translation& t)
         cn_->Fail();
     }
     sqlite3_reset(stmt);
-}
-
-void Recordset::fetchPivot(const Translation& t)
-{
-    sqlite3_stmt* stmt = cn_->Prepare(t.sql);
-    const int heads = t.pivotRowHeads;
-    const int n = sqlite3_column_count(stmt);
-    if (n != heads + 2)
-        throw RuntimeError(RuntimeError::DatabaseError, QStringLiteral("Consulta de referencias cruzadas no válida."));
-    for (int i = 0; i < heads; ++i) {
-        names_ << QString::fromUtf8(sqlite3_column_name(stmt, i));
-        columns_ << Column{};
-    }
-    struct Cell {
-        int row;
-        QVariant pivot;
-        QVariant value;
-    };
-    QVector<Cell> cells;
-    QHash<QString, int> rowOf; // row headings -> row
-    takeFunctionErrorNumber();
-    rows_.reset(heads, 0);
-    int rc;
-    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
-        QVector<QVariant> row;
-        QString key;
-        for (int i = 0; i < heads; ++i) {
-            row << columnValue(stmt, i, ColumnType::Any);
-            key += row.last().toString() + QChar(0x1F) + (row.last().isNull() ? u'n' : u'v');
-        }
-        auto it = rowOf.constFind(key);
-        int r;
-        if (it == rowOf.constEnd()) {
-            r = rows_.size();
-            rowOf.insert(key, r);
-            std::move(row.begin(), row.end(), rows_.append());
-        } else {
-            r = *it;
-        }
-        cells.push_back({r, columnValue(stmt, heads, ColumnType::Any), columnValue(stmt, heads + 1, ColumnType::Any)});
-    }
-    if (rc != SQLITE_DONE) {
-        sqlite3_reset(stmt);
-        rows_.reset(0, 0);
-        cn_->Fail();
-    }
-    sqlite3_reset(stmt);
-
-    // Column headings: the IN list as given, or every value found, ascending.
-    QStringList headings = t.pivotIn;
-    if (headings.isEmpty()) {
-        QVector<QVariant> values;
-        QSet<QString> known;
-        for (const Cell& c : std::as_const(cells)) {
-            const QString h = pivotHeading(c.pivot);
-            if (!known.contains(h)) {
-                known.insert(h);
-                values << c.pivot;
-            }
-        }
-        std::sort(values.begin(), values.end(), [](const QVariant& a, const QVariant& b) {
-            if (a.isNull() != b.isNull())
-                return a.isNull();
-            return compareValues(a, b) < 0;
-        });
-        for (const QVariant& v : std::as_const(values))
-            headings << pivotHeading(v);
-    }
-    QHash<QString, int> columnOf;
-    for (const QString& h : std::as_const(headings)) {
-        columnOf.insert(h, names_.size());
-        names_ << h;
-        columns_ << Column{};
-    }
-    rows_.widen(names_.size());
-    for (const Cell& c : std::as_const(cells)) {
-        auto it = columnOf.constFind(pivotHeading(c.pivot));
-        if (it != columnOf.constEnd())
-            rows_.values(c.row)[*it] = c.value;
-    }
-    for (int i = 0; i < names_.size(); ++i)
-        index_.insert(names_[i].toLower(), i);
 }
 
 int Recordset::RecordCount() const
@@ -534,23 +315,6 @@ void Recordset::MovePrevious()
     --pos_;
 }
 
-void Recordset::Find(const QString& criteria)
-{
-    requireOpen();
-    const Criterion c = parseCriterion(criteria);
-    const int col = columnIndex(c.column);
-    saveIfEdited();
-    int start = pos_ < 0 ? 0 : pos_;
-    onDeleted_ = false;
-    for (int r = start; r < rows_.size(); ++r) {
-        if (matches(rows_.values(r)[col], c)) {
-            pos_ = r;
-            return;
-        }
-    }
-    pos_ = rows_.size();
-}
-
 QString Recordset::FieldName(int index) const
 {
     requireOpen();
@@ -599,219 +363,6 @@ const QVariant& Recordset::ValueAt(int position, int index) const
     if (position < 1 || position > rows_.size() || index < 0 || index >= names_.size())
         badArgument();
     return rows_.values(position - 1)[index];
-}
-
-void Recordset::SetValue(const QString& name, const QVariant& value) { SetValue(columnIndex(name), value); }
-
-void Recordset::SetValue(int index, const QVariant& value)
-{
-    requireCurrent();
-    if (index < 0 || index >= names_.size())
-        badArgument();
-    const Column& c = columns_[index];
-    if (c.table.isEmpty() || tableIndex(c.table) < 0)
-        readOnlyField(names_[index]);
-    rows_.values(pos_)[index] = coerce(value, c.type);
-    dirty_[index] = true;
-    if (editing_ == EditMode::None)
-        editing_ = EditMode::Edit;
-}
-
-int Recordset::tableIndex(const QString& table) const
-{
-    for (int i = 0; i < tables_.size(); ++i)
-        if (tables_[i].compare(table, Qt::CaseInsensitive) == 0)
-            return i;
-    return -1;
-}
-
-void Recordset::AddNew()
-{
-    requireOpen();
-    saveIfEdited();
-    if (tables_.isEmpty())
-        throw RuntimeError(RuntimeError::DatabaseError,
-                           QStringLiteral("No se pueden agregar filas a este conjunto de registros."));
-    rows_.append();
-    pos_ = rows_.size() - 1;
-    onDeleted_ = false;
-    editing_ = EditMode::Add;
-    dirty_.fill(false, names_.size());
-}
-
-void Recordset::Update()
-{
-    requireOpen();
-    if (editing_ == EditMode::None)
-        return;
-    requireCurrent();
-    if (editing_ == EditMode::Add)
-        writeInsert();
-    else
-        writeUpdate();
-    editing_ = EditMode::None;
-    dirty_.fill(false, names_.size());
-}
-
-void Recordset::CancelUpdate()
-{
-    requireOpen();
-    if (editing_ == EditMode::Add) {
-        rows_.removeAt(rows_.size() - 1);
-        pos_ = rows_.size();
-    } else if (editing_ == EditMode::Edit) {
-        for (int t = 0; t < tables_.size(); ++t)
-            if (rows_.keys(pos_)[t])
-                refetchRow(pos_, t);
-    }
-    editing_ = EditMode::None;
-    dirty_.fill(false, names_.size());
-}
-
-void Recordset::saveIfEdited()
-{
-    if (editing_ != EditMode::None && !onDeleted_ && pos_ >= 0 && pos_ < rows_.size())
-        Update();
-}
-
-namespace {
-
-void stepCommand(Connection& cn, sqlite3_stmt* stmt)
-{
-    takeFunctionErrorNumber();
-    const int rc = sqlite3_step(stmt);
-    sqlite3_reset(stmt);
-    if (rc != SQLITE_DONE)
-        cn.Fail();
-}
-
-} // namespace
-
-void Recordset::writeInsert()
-{
-    const QVariant* values = rows_.values(pos_);
-    // The new row belongs to the table of the fields that were given.
-    int table = -1;
-    for (int i = 0; i < names_.size(); ++i) {
-        if (!dirty_[i])
-            continue;
-        const int t = tableIndex(columns_[i].table);
-        if (table >= 0 && t != table)
-            throw RuntimeError(RuntimeError::DatabaseError,
-                               QStringLiteral("Una fila nueva sólo puede escribirse en una tabla."));
-        table = t;
-    }
-    if (table < 0)
-        table = 0;
-    QStringList cols, marks;
-    QVector<int> fields;
-    for (int i = 0; i < names_.size(); ++i) {
-        if (!dirty_[i])
-            continue;
-        cols << u'"' + columns_[i].origin + u'"';
-        marks << QStringLiteral("?");
-        fields << i;
-    }
-    const QString sql = cols.isEmpty() ? QStringLiteral("INSERT INTO \"%1\" DEFAULT VALUES").arg(tables_[table])
-                                       : QStringLiteral("INSERT INTO \"%1\" (%2) VALUES (%3)")
-                                             .arg(tables_[table], cols.join(u','), marks.join(u','));
-    sqlite3_stmt* stmt = cn_->Prepare(sql);
-    for (int k = 0; k < fields.size(); ++k)
-        bindValue(stmt, k + 1, values[fields[k]]);
-    stepCommand(*cn_, stmt);
-    rows_.keys(pos_)[table] = sqlite3_last_insert_rowid(cn_->Handle());
-    refetchRow(pos_, table); // defaults of the columns not given
-}
-
-void Recordset::writeUpdate()
-{
-    const QVariant* values = rows_.values(pos_);
-    const qint64* keys = rows_.keys(pos_);
-    const bool several = [&] {
-        int first = -1;
-        for (int i = 0; i < names_.size(); ++i) {
-            if (!dirty_[i])
-                continue;
-            const int t = tableIndex(columns_[i].table);
-            if (first >= 0 && t != first)
-                return true;
-            first = t;
-        }
-        return false;
-    }();
-    if (several)
-        cn_->ExecuteNative(QStringLiteral("SAVEPOINT recordset_update"));
-    try {
-        for (int t = 0; t < tables_.size(); ++t) {
-            QStringList sets;
-            QVector<int> fields;
-            for (int i = 0; i < names_.size(); ++i) {
-                if (dirty_[i] && tableIndex(columns_[i].table) == t) {
-                    sets << u'"' + columns_[i].origin + QStringLiteral("\" = ?");
-                    fields << i;
-                }
-            }
-            if (fields.isEmpty())
-                continue;
-            if (!keys[t])
-                noCurrentRecord();
-            sqlite3_stmt* stmt =
-                cn_->Prepare(QStringLiteral("UPDATE \"%1\" SET %2 WHERE rowid = ?").arg(tables_[t], sets.join(u',')));
-            for (int k = 0; k < fields.size(); ++k)
-                bindValue(stmt, k + 1, values[fields[k]]);
-            sqlite3_bind_int64(stmt, fields.size() + 1, keys[t]);
-            stepCommand(*cn_, stmt);
-        }
-    } catch (...) {
-        if (several)
-            cn_->ExecuteNative(QStringLiteral("ROLLBACK TO recordset_update; RELEASE recordset_update"));
-        throw;
-    }
-    if (several)
-        cn_->ExecuteNative(QStringLiteral("RELEASE recordset_update"));
-}
-
-void Recordset::refetchRow(int row, int table)
-{
-    QStringList cols;
-    QVector<int> fields;
-    for (int i = 0; i < names_.size(); ++i) {
-        if (tableIndex(columns_[i].table) == table) {
-            cols << u'"' + columns_[i].origin + u'"';
-            fields << i;
-        }
-    }
-    if (fields.isEmpty())
-        return;
-    sqlite3_stmt* stmt =
-        cn_->Prepare(QStringLiteral("SELECT %1 FROM \"%2\" WHERE rowid = ?").arg(cols.join(u','), tables_[table]));
-    sqlite3_bind_int64(stmt, 1, rows_.keys(row)[table]);
-    if (sqlite3_step(stmt) == SQLITE_ROW)
-        for (int k = 0; k < fields.size(); ++k)
-            rows_.values(row)[fields[k]] = columnValue(stmt, k, columns_[fields[k]].type);
-    sqlite3_reset(stmt);
-}
-
-void Recordset::Delete()
-{
-    requireCurrent();
-    if (editing_ == EditMode::Add) {
-        CancelUpdate();
-        return;
-    }
-    editing_ = EditMode::None;
-    dirty_.fill(false, names_.size());
-    // Only the first table of the statement loses the row; a join never
-    // deletes from the tables it looks up.
-    if (uniqueTable_ < 0 || !rows_.keys(pos_)[uniqueTable_])
-        throw RuntimeError(RuntimeError::DatabaseError,
-                           QStringLiteral("No se pueden eliminar filas de este conjunto de registros."));
-    sqlite3_stmt* stmt =
-        cn_->Prepare(QStringLiteral("DELETE FROM \"%1\" WHERE rowid = ?").arg(tables_[uniqueTable_]));
-    sqlite3_bind_int64(stmt, 1, rows_.keys(pos_)[uniqueTable_]);
-    stepCommand(*cn_, stmt);
-    rows_.removeAt(pos_);
-    onDeleted_ = true;
 }
 
 } // namespace db

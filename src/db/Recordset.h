@@ -96,6 +96,9 @@ private:
         QString table;  // base table, empty for a computed column
         QString origin; // column name in that table
         ColumnType type = ColumnType::Any;
+        int size = 0;   // declared: the longest text, 0 for any
+        qint64 min = 0; // declared: the range of a whole number, none when min == max
+        qint64 max = 0;
     };
     // The rows as one run of values and one of keys, row after row: no
     // allocation per row.

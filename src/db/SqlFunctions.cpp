@@ -1,6 +1,7 @@
 #include "db/SqlFunctions.h"
 
 #include "db/JetSql.h"
+#include "db/SqlFunctionsInternal.h"
 #include "db/SqlValue.h"
 #include "vb/Clock.h"
 #include "vb/RuntimeError.h"
@@ -14,13 +15,16 @@
 #include <QVarLengthArray>
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 
 namespace db {
 namespace {
-
 int gFunctionError = 0;
+} // namespace
+
+namespace detail {
 
 void fail(sqlite3_context* ctx, int number, const QString& text)
 {
@@ -29,17 +33,26 @@ void fail(sqlite3_context* ctx, int number, const QString& text)
     sqlite3_result_error(ctx, utf8.constData(), utf8.size());
 }
 
-// Runs a function body; a RuntimeError of the conversions becomes the
-// statement's error with the same number.
-template <typename F>
-void guarded(sqlite3_context* ctx, F body)
+bool anyNull(int argc, sqlite3_value** argv)
 {
-    try {
-        body();
-    } catch (const RuntimeError& e) {
-        fail(ctx, e.Number(), e.Description());
-    }
+    for (int i = 0; i < argc; ++i)
+        if (sqlite3_value_type(argv[i]) == SQLITE_NULL)
+            return true;
+    return false;
 }
+
+double number(sqlite3_value* v)
+{
+    if (sqlite3_value_type(v) == SQLITE_TEXT)
+        return vb::CDbl(argumentValue(v));
+    return sqlite3_value_double(v);
+}
+
+} // namespace detail
+
+using namespace detail;
+
+namespace {
 
 QVariant arg(sqlite3_value** argv, int i) { return argumentValue(argv[i]); }
 
@@ -105,21 +118,6 @@ void jetConcat(sqlite3_context* ctx, int argc, sqlite3_value** argv)
         else
             setResult(ctx, out);
     });
-}
-
-bool anyNull(int argc, sqlite3_value** argv)
-{
-    for (int i = 0; i < argc; ++i)
-        if (sqlite3_value_type(argv[i]) == SQLITE_NULL)
-            return true;
-    return false;
-}
-
-double number(sqlite3_value* v)
-{
-    if (sqlite3_value_type(v) == SQLITE_TEXT)
-        return vb::CDbl(argumentValue(v));
-    return sqlite3_value_double(v);
 }
 
 // a / b: always floating point; a zero divisor is a run-time error.
@@ -453,6 +451,33 @@ int collateSpanish(void*, int na, const void* pa, int nb, const void* pb)
     return compareSpanish(QString::fromUtf8(a, na), QString::fromUtf8(b, nb));
 }
 
+// Grouping: texts equal but for case are one, accents stay apart. The order
+// is that of the case-folded texts, so that grouping can sort by it; for
+// ASCII, folding is lower-casing and the bytes compare as the UTF-16 units do.
+int collateNoCase(void*, int na, const void* pa, int nb, const void* pb)
+{
+    const auto* a = static_cast<const unsigned char*>(pa);
+    const auto* b = static_cast<const unsigned char*>(pb);
+    const int n = std::min(na, nb);
+    int i = 0;
+    for (; i < n; ++i) {
+        const unsigned char x = a[i], y = b[i];
+        if ((x | y) >= 0x80)
+            break;
+        const unsigned char lx = x >= 'A' && x <= 'Z' ? x + 32 : x, ly = y >= 'A' && y <= 'Z' ? y + 32 : y;
+        if (lx != ly)
+            return lx < ly ? -1 : 1;
+    }
+    if (i == n && i == na && i == nb)
+        return 0;
+    if (i == n && ((i == na || a[i] < 0x80) && (i == nb || b[i] < 0x80)))
+        return na < nb ? -1 : 1; // one ASCII text is the start of the other
+    const QString x = QString::fromUtf8(reinterpret_cast<const char*>(a + i), na - i).toCaseFolded();
+    const QString y = QString::fromUtf8(reinterpret_cast<const char*>(b + i), nb - i).toCaseFolded();
+    const int c = QStringView(x).compare(QStringView(y));
+    return c < 0 ? -1 : c > 0 ? 1 : 0;
+}
+
 } // namespace
 
 int takeFunctionErrorNumber()
@@ -516,6 +541,9 @@ void registerSqlFunctions(sqlite3* db)
     sqlite3_create_function_v2(db, "jet_first", 1, SQLITE_UTF8, nullptr, nullptr, pickStep<false>, pickFinal, nullptr);
     sqlite3_create_function_v2(db, "jet_last", 1, SQLITE_UTF8, nullptr, nullptr, pickStep<true>, pickFinal, nullptr);
     sqlite3_create_collation_v2(db, JetSql::kCollation, SQLITE_UTF8, nullptr, collateSpanish, nullptr);
+    sqlite3_create_collation_v2(db, JetSql::kGroupCollation, SQLITE_UTF8, nullptr, collateNoCase, nullptr);
+    registerDateFunctions(db);
+    registerWriteChecks(db);
 }
 
 } // namespace db

@@ -1,7 +1,10 @@
 #pragma once
-// The user functions and the collation that the translated statements call:
+// The user functions and the collations that the translated statements call:
 // jet_concat (&), jet_div (/), jet_format, jet_str, jet_first ... and like(),
-// which replaces SQLite's own so that LIKE ignores case and accents.
+// which replaces SQLite's own so that LIKE ignores case and accents; the date
+// arithmetic (SqlDateFunctions.cpp) and the fitting of written values to
+// their columns (SqlWriteChecks.cpp); the collations jet_es (order) and
+// jet_nocase (grouping).
 #include <QString>
 
 struct sqlite3;

@@ -6,6 +6,8 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
@@ -27,6 +29,57 @@ ColumnType columnTypeFromDecl(const char* decl)
     if (is("INT") || is("SMALLINT") || is("TINYINT") || is("BIGINT"))
         return ColumnType::Integer;
     return ColumnType::Text;
+}
+
+ColumnDecl columnDeclFrom(const char* decl)
+{
+    ColumnDecl c;
+    c.type = columnTypeFromDecl(decl);
+    if (!decl)
+        return c;
+    auto is = [decl](const char* prefix) { return strncasecmp(decl, prefix, std::strlen(prefix)) == 0; };
+    switch (c.type) {
+    case ColumnType::Integer:
+        if (is("TINYINT")) {
+            c.min = 0;
+            c.max = 255;
+        } else if (is("SMALLINT")) {
+            c.min = -32768;
+            c.max = 32767;
+        } else if (is("INT")) { // INT, INTEGER
+            c.min = INT32_MIN;
+            c.max = INT32_MAX;
+        }
+        break;
+    case ColumnType::Text:
+        if (is("VARCHAR(") || is("TEXT(") || is("CHAR(")) {
+            const char* open = std::strchr(decl, '(');
+            c.size = std::max(0, std::atoi(open + 1));
+        }
+        break;
+    default:
+        break;
+    }
+    return c;
+}
+
+const ColumnDecl* TableDecl::column(QStringView name) const
+{
+    for (const ColumnDecl& c : columns)
+        if (name.compare(c.name, Qt::CaseInsensitive) == 0)
+            return &c;
+    return nullptr;
+}
+
+qsizetype textLength(const char* utf8, qsizetype bytes)
+{
+    qsizetype n = 0;
+    for (qsizetype i = 0; i < bytes; ++i) {
+        const unsigned char b = static_cast<unsigned char>(utf8[i]);
+        if ((b & 0xC0) != 0x80)
+            n += b >= 0xF0 ? 2 : 1; // four bytes: a pair of UTF-16 units
+    }
+    return n;
 }
 
 size_t TextCache::slotOf(const char* bytes, int size)

@@ -3,7 +3,9 @@
 // Dates live in the file as ISO text and come back as QDate, QDateTime or
 // QTime by the column's declared type; Booleans are 0/1 and come back as bool;
 // a Single column comes back as float.
+#include <QString>
 #include <QVariant>
+#include <QVector>
 
 #include <string>
 #include <vector>
@@ -18,6 +20,32 @@ enum class ColumnType { Any, Integer, Boolean, Single, Double, Date, Text };
 
 // From a declared type of the schema ("INTEGER", "BOOLEAN", "FLOAT", "DATE", "VARCHAR(50)" ...).
 ColumnType columnTypeFromDecl(const char* decl);
+
+// What a column's declared type says of the values written to it. FLOAT is
+// single precision; TINYINT, SMALLINT and INTEGER are the engine's Byte,
+// Integer and Long; VARCHAR(n) holds at most n characters.
+struct ColumnDecl {
+    QString name;
+    ColumnType type = ColumnType::Any;
+    int size = 0;          // the longest text; 0: no limit
+    qint64 min = 0;        // whole numbers: the range; min == max: no limit
+    qint64 max = 0;
+
+    bool hasRange() const { return min != max; }
+};
+
+ColumnDecl columnDeclFrom(const char* decl);
+
+struct TableDecl {
+    QString name;
+    QVector<ColumnDecl> columns; // in the order of the table
+
+    // By name, without regard to case; null when missing.
+    const ColumnDecl* column(QStringView name) const;
+};
+
+// The length of a text as the engine counts it (UTF-16 units), from UTF-8.
+qsizetype textLength(const char* utf8, qsizetype bytes);
 
 // The short texts of one column lately read, given back shared instead of
 // decoded anew: a list repeats its groups, subjects and dates row after row.

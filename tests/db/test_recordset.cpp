@@ -370,6 +370,86 @@ private slots:
             QVERIFY(e.Description().contains(QStringLiteral("no es una base de datos SQLite")));
         }
     }
+
+    // ---------------------------------------------------------- what a field can hold
+
+    void singleColumnStoresNearestSingleThroughARecordset()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        auto cn = year.connect();
+        Recordset rs;
+        rs.Open(QStringLiteral("tblNotas"), cn);
+        rs.AddNew();
+        rs.Fields("Id") = 100;
+        rs.Fields("IdTarea") = 1;
+        rs.Fields("IdAlu") = 1;
+        rs.Fields("Nota") = 8.999;
+        rs.Update();
+        const QString raw = QStringLiteral("SELECT Nota * 1.0 AS N FROM tblNotas WHERE Id = %1");
+        QVERIFY(yearq::value(raw.arg(100), cn).toDouble() == double(8.999f));
+        Recordset edit;
+        edit.Open(QStringLiteral("SELECT * FROM tblNotasEval WHERE Id = 3"), cn);
+        edit.Fields("NotaRec") = 4.999;
+        edit.Update();
+        QVERIFY(yearq::value(QStringLiteral("SELECT NotaRec * 1.0 AS N FROM tblNotasEval WHERE Id = 3"), cn).toDouble()
+                == double(4.999f));
+    }
+
+    void tooLongTextIsRefusedByARecordset()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        auto cn = year.connect();
+        const QString ape = yearq::value(QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1"), cn).toString();
+        const QString huge(10'000'000, u'x');
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT * FROM tblAlumnos WHERE Id = 1"), cn);
+        QCOMPARE(errorNumber([&] { rs.Fields("Ape") = huge; }), -2147217887);
+        QCOMPARE(rs.Value("Ape").toString(), ape);
+        rs.Fields("Nom") = QStringLiteral("Outro");
+        rs.Update();
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1"), cn).toString(), ape);
+        // A new row with a text too long is not written at all.
+        const int before = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos"), cn).toInt();
+        Recordset add;
+        add.Open(QStringLiteral("tblAlumnos"), cn);
+        add.AddNew();
+        add.Fields("Id") = 500;
+        QCOMPARE(errorNumber([&] { add.Fields("Ape") = huge; }), -2147217887);
+        add.CancelUpdate();
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos"), cn).toInt(), before);
+        // The declared size itself fits.
+        rs.Fields("Ape") = QString(100, u'ñ');
+        rs.Update();
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1"), cn).toString(), QString(100, u'ñ'));
+    }
+
+    void numbersOutsideTheColumnRangeAreAnOverflowInARecordset()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        auto cn = year.connect();
+        Recordset rubric;
+        rubric.Open(QStringLiteral("SELECT * FROM tblTareasRubrica WHERE Id = 1"), cn);
+        QCOMPARE(errorNumber([&] { rubric.Fields("Max") = 300; }), int(RuntimeError::Overflow));
+        QCOMPARE(errorNumber([&] { rubric.Fields("Max") = -1; }), int(RuntimeError::Overflow));
+        QCOMPARE(rubric.Value("Max").toInt(), 4);
+        rubric.Fields("Max") = 255;
+        rubric.Update();
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Max FROM tblTareasRubrica WHERE Id = 1"), cn).toInt(), 255);
+
+        Recordset types;
+        types.Open(QStringLiteral("SELECT * FROM tblTareasTipos WHERE Id = 1"), cn);
+        QCOMPARE(errorNumber([&] { types.Fields("Max") = 40000; }), int(RuntimeError::Overflow));
+        QCOMPARE(errorNumber([&] { types.Fields("Min") = -32769; }), int(RuntimeError::Overflow));
+        types.Fields("Max") = 32767;
+        types.Fields("Min") = -32768;
+        types.Update();
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Max FROM tblTareasTipos WHERE Id = 1"), cn).toInt(), 32767);
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Min FROM tblTareasTipos WHERE Id = 1"), cn).toInt(), -32768);
+
+        Recordset weights;
+        weights.Open(QStringLiteral("SELECT * FROM tblTareasTiposValor WHERE Id = 1"), cn);
+        QCOMPARE(errorNumber([&] { weights.Fields("Valor") = qint64(2147483648LL); }), int(RuntimeError::Overflow));
+    }
 };
 
 QTEST_GUILESS_MAIN(TestRecordset)
