@@ -1,5 +1,6 @@
 #include "core/Modulo.h"
 
+#include "db/OnlineCopy.h"
 #include "vb/RuntimeError.h"
 
 #include <QCoreApplication>
@@ -79,4 +80,6 @@ void AbrirConexion()
     gRutaBD = gRutaBase + u'/' + gAno + QStringLiteral("/Xestion.mdb");
     gRutaInformes = gRutaBase + QStringLiteral("/Informes");
     gConexion = db::Connection::Open(gRutaBD);
+    // What copies killed half way left beside the year.
+    db::OnlineCopy::RemoveStaleTemporaries(gRutaBD);
 }

@@ -1,17 +1,21 @@
 #include "utilities/DatabaseCopy.h"
 
 #include "db/Connection.h"
+#include "db/OnlineCopy.h"
+#include "db/Schema.h"
+#include "vb/Clock.h"
 #include "vb/RuntimeError.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QMap>
-#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QSet>
 #include <QStringList>
 
+#include <algorithm>
 #include <filesystem>
-#include <sqlite3.h>
 #include <system_error>
 
 #ifdef Q_OS_WIN
@@ -25,103 +29,21 @@ namespace utilities {
 
 namespace {
 
-struct StepHook {
-    std::function<void()> between;
-    int pages = 256;
-};
-
-StepHook& stepHook()
-{
-    static StepHook hook;
-    return hook;
-}
+using db::OnlineCopy::RowCounts;
 
 [[noreturn]] void fail(const QString& text)
 {
     throw RuntimeError(RuntimeError::DatabaseError, text);
 }
 
-// A connection of the copy's own, closed when it goes.
-class RawDatabase {
-public:
-    RawDatabase(const QString& path, int flags)
-    {
-        if (sqlite3_open_v2(path.toUtf8().constData(), &db_, flags, nullptr) != SQLITE_OK) {
-            const QString msg = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QStringLiteral("sin memoria");
-            sqlite3_close_v2(db_);
-            db_ = nullptr;
-            fail(QStringLiteral("No se pudo abrir la base de datos '%1': %2").arg(path, msg));
-        }
-        sqlite3_busy_timeout(db_, 5000);
-    }
-    ~RawDatabase() { close(); }
-    RawDatabase(const RawDatabase&) = delete;
-    RawDatabase& operator=(const RawDatabase&) = delete;
-
-    sqlite3* get() const { return db_; }
-    void close()
-    {
-        if (db_)
-            sqlite3_close_v2(db_);
-        db_ = nullptr;
-    }
-
-private:
-    sqlite3* db_ = nullptr;
-};
-
-QString errorOf(sqlite3* db)
-{
-    return QString::fromUtf8(sqlite3_errmsg(db));
-}
-
-// The first column of every row of a statement, as text.
-QStringList firstColumn(sqlite3* db, const QString& sql)
-{
-    sqlite3_stmt* stmt = nullptr;
-    if (sqlite3_prepare_v2(db, sql.toUtf8().constData(), -1, &stmt, nullptr) != SQLITE_OK)
-        fail(errorOf(db));
-    QStringList values;
-    int rc;
-    while ((rc = sqlite3_step(stmt)) == SQLITE_ROW)
-        values << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
-    sqlite3_finalize(stmt);
-    if (rc != SQLITE_DONE)
-        fail(errorOf(db));
-    return values;
-}
-
-QMap<QString, qint64> rowCounts(sqlite3* db)
-{
-    QMap<QString, qint64> counts;
-    const QStringList tables = firstColumn(
-        db, QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"));
-    for (QString table : tables) {
-        const QString quoted = u'"' + table.replace(u'"', QStringLiteral("\"\"")) + u'"';
-        counts.insert(table, firstColumn(db, QStringLiteral("SELECT COUNT(*) FROM ") + quoted).value(0).toLongLong());
-    }
-    return counts;
-}
-
 // The copy must be sound and hold as many rows in each table as its source.
-void verifyCopy(const QMap<QString, qint64>& expected, const QString& copy)
+void verifyCopy(const RowCounts& expected, const QString& copy)
 {
-    RawDatabase check(copy, SQLITE_OPEN_READONLY);
-    const QStringList integrity = firstColumn(check.get(), QStringLiteral("PRAGMA integrity_check"));
+    const QStringList integrity = db::OnlineCopy::IntegrityCheck(copy);
     if (integrity != QStringList{QStringLiteral("ok")})
         fail(QStringLiteral("La copia '%1' está dañada: %2").arg(copy, integrity.join(u' ')));
-    if (rowCounts(check.get()) != expected)
+    if (db::OnlineCopy::TableRowCounts(copy) != expected)
         fail(QStringLiteral("La copia '%1' no tiene las mismas filas que su original.").arg(copy));
-}
-
-QString temporaryBeside(const QString& destination)
-{
-    return destination + QStringLiteral(".%1.tmp").arg(QRandomGenerator::global()->generate(), 8, 16, QLatin1Char('0'));
-}
-
-bool isLeftover(const QString& name)
-{
-    return name.endsWith(QLatin1String(".tmp")) && name.size() > 13 && name.at(name.size() - 13) == u'.';
 }
 
 std::filesystem::path fsPath(const QString& path)
@@ -177,57 +99,51 @@ void commit(const QString& temporary, const QString& destination, bool database)
     syncFolder(QFileInfo(destination).absolutePath());
 }
 
+void removeTemporary(const QString& temporary)
+{
+    QFile::remove(temporary);
+    for (const char* suffix : kJournals)
+        QFile::remove(temporary + QLatin1String(suffix));
+}
+
 // Writes a temporary file beside the destination and commits it; the
-// temporary file goes if anything fails.
+// temporary file goes if anything fails. What earlier copies to the same
+// destination left there when they were killed goes first.
 template <typename Write>
 void writeBeside(const QString& destination, bool database, Write&& write)
 {
-    const QString temporary = temporaryBeside(destination);
+    db::OnlineCopy::RemoveStaleTemporaries(destination);
+    const QString temporary = db::OnlineCopy::TemporaryName(destination);
     try {
         write(temporary);
         commit(temporary, destination, database);
     } catch (...) {
-        QFile::remove(temporary);
+        removeTemporary(temporary);
         throw;
     }
 }
 
-void backupInto(sqlite3* source, const QString& temporary)
+bool sameBytes(const QString& a, const QString& b)
 {
-    RawDatabase target(temporary, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
-    sqlite3_backup* backup = sqlite3_backup_init(target.get(), "main", source, "main");
-    if (!backup)
-        fail(errorOf(target.get()));
-    const StepHook& hook = stepHook();
-    int rc;
-    int waits = 0;
-    while (true) {
-        rc = sqlite3_backup_step(backup, hook.pages);
-        if (rc == SQLITE_OK) {
-            if (hook.between)
-                hook.between();
-        } else if ((rc == SQLITE_BUSY || rc == SQLITE_LOCKED) && ++waits < 200) {
-            sqlite3_sleep(25);
-        } else {
-            break;
-        }
-    }
-    const int finished = sqlite3_backup_finish(backup);
-    if (rc != SQLITE_DONE || finished != SQLITE_OK)
-        fail(QStringLiteral("No se pudo copiar la base de datos en '%1': %2").arg(temporary, errorOf(target.get())));
-    target.close();
+    QFile fa(a), fb(b);
+    if (!fa.open(QIODevice::ReadOnly) || !fb.open(QIODevice::ReadOnly) || fa.size() != fb.size())
+        return false;
+    while (!fa.atEnd())
+        if (fa.read(1 << 20) != fb.read(1 << 20))
+            return false;
+    return true;
 }
 
-// A closed database is opened for writing where it can be: a journal left
-// beside it by a crash must be played back before the file is read, or the
-// copy would take a half-written transaction. A write-protected file opens
-// for reading.
-constexpr int kClosedSource = SQLITE_OPEN_READWRITE;
-
-bool isDatabaseFile(const QString& path)
+// Any file, byte for byte; with `check`, the copy is read back and compared.
+void copyBytes(const QString& source, const QString& destination, bool check)
 {
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) && f.read(16) == QByteArrayLiteral("SQLite format 3\0");
+    writeBeside(destination, false, [&](const QString& temporary) {
+        QFile from(source);
+        if (!from.copy(temporary))
+            fail(QStringLiteral("No se pudo copiar '%1': %2").arg(source, from.errorString()));
+        if (check && !sameBytes(source, temporary))
+            fail(QStringLiteral("La copia de '%1' no es igual a su original.").arg(source));
+    });
 }
 
 bool isJournal(const QFileInfo& file)
@@ -240,10 +156,12 @@ bool isJournal(const QFileInfo& file)
     return false;
 }
 
-bool sameFile(const QString& a, const QString& b)
+const QString kSafetyStamp = QStringLiteral("yyyyMMdd-HHmmss");
+
+bool isSafetyCopyName(const QString& name)
 {
-    const QString ca = QFileInfo(a).canonicalFilePath();
-    return !ca.isEmpty() && ca == QFileInfo(b).canonicalFilePath();
+    static const QRegularExpression re(QStringLiteral("^.+\\.\\d{8}-\\d{6}\\.antes$"));
+    return re.match(name).hasMatch();
 }
 
 } // namespace
@@ -260,34 +178,29 @@ void makeFolder(const QString& path)
         pathNotFound(path);
 }
 
-void copyDatabase(sqlite3* source, const QString& destination)
+void copyDatabase(const db::Connection& source, const QString& destination)
 {
-    writeBeside(destination, true, [&](const QString& temporary) {
-        backupInto(source, temporary);
-        verifyCopy(rowCounts(source), temporary);
-    });
+    writeBeside(destination, true,
+                [&](const QString& temporary) { verifyCopy(db::OnlineCopy::Backup(source, temporary), temporary); });
 }
 
 void copyDatabaseFile(const QString& source, const QString& destination)
 {
-    RawDatabase from(source, kClosedSource);
-    copyDatabase(from.get(), destination);
+    writeBeside(destination, true,
+                [&](const QString& temporary) { verifyCopy(db::OnlineCopy::Backup(source, temporary), temporary); });
 }
 
 void compactDatabaseFile(const QString& source, const QString& destination)
 {
-    RawDatabase from(source, kClosedSource);
     writeBeside(destination, true, [&](const QString& temporary) {
-        QString target = temporary;
-        const QString sql = QStringLiteral("VACUUM INTO '") + target.replace(u'\'', QStringLiteral("''")) + u'\'';
-        char* err = nullptr;
-        if (sqlite3_exec(from.get(), sql.toUtf8().constData(), nullptr, nullptr, &err) != SQLITE_OK) {
-            const QString msg = QString::fromUtf8(err ? err : "");
-            sqlite3_free(err);
-            fail(QStringLiteral("No se pudo compactar '%1': %2").arg(source, msg));
-        }
-        verifyCopy(rowCounts(from.get()), temporary);
+        verifyCopy(db::OnlineCopy::VacuumInto(source, temporary), temporary);
     });
+}
+
+bool sameFile(const QString& a, const QString& b)
+{
+    std::error_code ec;
+    return std::filesystem::equivalent(fsPath(a), fsPath(b), ec) && !ec;
 }
 
 void copyFile(const QString& source, const QString& destination, const db::Connection* live)
@@ -296,17 +209,15 @@ void copyFile(const QString& source, const QString& destination, const db::Conne
         pathNotFound(source);
     if (!QFileInfo(QFileInfo(destination).absolutePath()).isDir())
         pathNotFound(destination);
-    if (live && live->IsOpen() && sameFile(source, live->Path())) {
-        copyDatabase(live->Handle(), destination);
-    } else if (isDatabaseFile(source)) {
+    const bool session = live && live->IsOpen();
+    if (session && sameFile(destination, live->Path()))
+        fail(QStringLiteral("No se puede copiar sobre '%1': es la base de datos abierta.").arg(destination));
+    if (session && sameFile(source, live->Path()))
+        copyDatabase(*live, destination);
+    else if (db::OnlineCopy::HasSqliteHeader(source))
         copyDatabaseFile(source, destination);
-    } else {
-        writeBeside(destination, false, [&](const QString& temporary) {
-            QFile from(source);
-            if (!from.copy(temporary))
-                fail(QStringLiteral("No se pudo copiar '%1': %2").arg(source, from.errorString()));
-        });
-    }
+    else
+        copyBytes(source, destination, false);
 }
 
 void copyFolder(const QString& source, const QString& destination, const db::Connection* live)
@@ -321,20 +232,89 @@ void copyFolder(const QString& source, const QString& destination, const db::Con
         const QString target = destination + u'/' + entry.fileName();
         if (entry.isDir())
             copyFolder(entry.filePath(), target, live);
-        else if (!isJournal(entry) && !isLeftover(entry.fileName()))
+        else if (!isJournal(entry) && !db::OnlineCopy::IsTemporaryName(entry.fileName()) &&
+                 !isSafetyCopyName(entry.fileName()))
             copyFile(entry.filePath(), target, live);
     }
 }
 
+void checkYearDatabase(const QString& path)
+{
+    if (!QFileInfo(path).isFile())
+        fail(QStringLiteral("No se pudo encontrar el archivo '%1'.").arg(path));
+    if (!db::OnlineCopy::HasSqliteHeader(path))
+        fail(QStringLiteral("'%1' no es una base de datos SQLite.").arg(path));
+    const QStringList integrity = db::OnlineCopy::IntegrityCheck(path);
+    if (integrity != QStringList{QStringLiteral("ok")})
+        fail(QStringLiteral("'%1' está dañada: %2").arg(path, integrity.join(u' ')));
+    QSet<QString> present;
+    const RowCounts counts = db::OnlineCopy::TableRowCounts(path);
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+        present.insert(it.key().toLower());
+    QStringList missing;
+    for (const QString& table : db::Schema::YearTables())
+        if (!present.contains(table.toLower()))
+            missing << table;
+    if (!missing.isEmpty())
+        fail(QStringLiteral("'%1' no es la base de datos de un curso: le faltan %2").arg(path, missing.join(u", ")));
+}
+
+QStringList safetyCopies(const QString& database)
+{
+    const QFileInfo file(database);
+    const QRegularExpression re(u'^' + QRegularExpression::escape(file.fileName()) +
+                                QStringLiteral("\\.\\d{8}-\\d{6}\\.antes$"));
+    const QDir folder(file.absolutePath());
+    QStringList copies;
+    for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::System))
+        if (re.match(name).hasMatch())
+            copies << folder.filePath(name);
+    // The stamp sorts as the time.
+    std::sort(copies.begin(), copies.end(), std::greater<>());
+    return copies;
+}
+
+QString keepSafetyCopy(const QString& database, const db::Connection* live)
+{
+    if (!QFileInfo(database).isFile())
+        return QString();
+    // Two restores within one second keep both years.
+    QDateTime moment = vb::Clock::now();
+    QString copy;
+    do {
+        copy = database + u'.' + moment.toString(kSafetyStamp) + QStringLiteral(".antes");
+        moment = moment.addSecs(1);
+    } while (QFileInfo::exists(copy));
+
+    try {
+        copyFile(database, copy, live);
+    } catch (const RuntimeError&) {
+        // A year that is being replaced because it is damaged is kept as it is.
+        bool kept = true;
+        try {
+            copyBytes(database, copy, true);
+        } catch (const RuntimeError&) {
+            kept = false;
+        }
+        if (!kept)
+            throw;
+    }
+
+    // The one just made stays, whatever its stamp says against the others'
+    // (a clock put back); of the others, the newest.
+    int others = 0;
+    for (const QString& older : safetyCopies(database)) {
+        if (sameFile(older, copy))
+            continue;
+        if (++others >= kSafetyCopiesKept)
+            QFile::remove(older);
+    }
+    return copy;
+}
+
 void setBackupStepHook(std::function<void()> hook, int pagesPerStep)
 {
-    StepHook& h = stepHook();
-    if (hook) {
-        h.between = std::move(hook);
-        h.pages = pagesPerStep;
-    } else {
-        h = StepHook{};
-    }
+    db::OnlineCopy::SetStepHook(std::move(hook), pagesPerStep);
 }
 
 } // namespace utilities

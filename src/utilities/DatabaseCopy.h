@@ -3,16 +3,16 @@
 // written under its final name: it goes to a temporary name beside it, is
 // synced to disk, checked (PRAGMA integrity_check and the row count of every
 // table against the source) and only then renamed into place, so that the
-// destination is always either the old file or the whole new one.
+// destination is always either the old file or the whole new one. What a
+// killed copy left beside its destination is cleared before a copy starts.
 //
-// A database open in the session is copied through SQLite's online backup,
-// which stays consistent while the session writes between its steps; a
-// closed one is read through a read-only connection of its own.
+// A database is read through a connection of the copy's own, in one read
+// transaction that covers the copy and the counts (db/OnlineCopy.h): writers
+// of the session or of other programs wait until it ends.
 #include <QString>
+#include <QStringList>
 
 #include <functional>
-
-struct sqlite3;
 
 namespace db {
 class Connection;
@@ -20,21 +20,43 @@ class Connection;
 
 namespace utilities {
 
-// The database open on `source`, into `destination`.
-void copyDatabase(sqlite3* source, const QString& destination);
+// The database open in `source`, into `destination`.
+void copyDatabase(const db::Connection& source, const QString& destination);
 // A closed database file, into `destination`.
 void copyDatabaseFile(const QString& source, const QString& destination);
 // VACUUM INTO: the compacted copy of a closed database file.
 void compactDatabaseFile(const QString& source, const QString& destination);
 
-// One file: the one `live` has open through the session, another database
-// file through a connection of its own, any other file byte for byte.
-// The destination's folder must exist.
+// One file: a database file (the one `live` has open or another) through a
+// connection of the copy's own, any other file byte for byte. The
+// destination's folder must exist, and it must not be the file `live` has
+// open: the session would go on with a file that is no longer there.
 void copyFile(const QString& source, const QString& destination, const db::Connection* live = nullptr);
 // Every file and subfolder of `source` into `destination`, made when missing,
-// overwriting what is there and leaving the rest. Journals of databases are
-// not copied: each database copy is whole by itself.
+// overwriting what is there and leaving the rest. Journals of databases,
+// temporaries of copies and safety copies are not copied: each database copy
+// is whole by itself, and the safety copies belong to the folder they are in.
 void copyFolder(const QString& source, const QString& destination, const db::Connection* live = nullptr);
+
+// Whether two paths name the same file, through links and ".." (false when
+// either does not exist).
+bool sameFile(const QString& a, const QString& b);
+
+// Whether `path` holds a sound year: SQLite's header, a file that opens and
+// passes PRAGMA integrity_check, and every table of a year. Throws
+// RuntimeError saying what is wrong.
+void checkYearDatabase(const QString& path);
+
+// Keeps the year database `database` (open in `live`, or closed) as its
+// safety copy "<database>.<yyyyMMdd-HHmmss>.antes" beside it (the moment of
+// vb::Clock, a second on while that name is taken), made like any
+// other copy; a year that fails the copy's checks is kept byte for byte, as
+// it is. Only the newest kSafetyCopiesKept safety copies stay. Returns the
+// copy's path, or "" when there is no file to keep.
+QString keepSafetyCopy(const QString& database, const db::Connection* live = nullptr);
+inline constexpr int kSafetyCopiesKept = 3;
+// The safety copies of `database`, newest first.
+QStringList safetyCopies(const QString& database);
 
 // Run-time error 76, as a missing folder raises it.
 [[noreturn]] void pathNotFound(const QString& path);

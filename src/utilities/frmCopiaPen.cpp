@@ -172,6 +172,15 @@ void frmCopiaPen::cmdRealizar_Click()
     if (MsgBox(QStringLiteral("Se copiarán los datos a la unidad indicada") + QStringLiteral("\r\n") +
                    QStringLiteral("Asegúrese de que hay un disco en la unidad correspondente"),
                vbOKCancel + vbInformation) == vbOK) {
+        const QString anual = gRutaBase + u'/' + gAno + QStringLiteral("/Xestion.mdb");
+        const QString destino = txtRuta->text() + QStringLiteral("/Xestion.mdb");
+        // A box that leads back to the year (a link, "..") would put the copy
+        // in place of the file the session has open.
+        if (utilities::sameFile(destino, anual) || (gConexion && utilities::sameFile(destino, gConexion->Path()))) {
+            MsgBox(QStringLiteral("O destino da copia é o propio ficheiro do curso aberto: non se copiou."),
+                   vbCritical);
+            return;
+        }
         Informar(QStringLiteral("Espere un momento ..."), kRojo);
         BusyCursor busy(this);
         // The folders come from the drive alone; the copy goes where the box says.
@@ -182,8 +191,7 @@ void frmCopiaPen::cmdRealizar_Click()
         } else if (!existeCarpeta(copias + u'/' + gAno)) {
             utilities::makeFolder(copias + u'/' + gAno);
         }
-        utilities::copyFile(gRutaBase + u'/' + gAno + QStringLiteral("/Xestion.mdb"),
-                            txtRuta->text() + QStringLiteral("/Xestion.mdb"), gConexion.get());
+        utilities::copyFile(anual, destino, gConexion.get());
     }
     // Cancel ends here too.
     QDir::setCurrent(RutaPrograma());
@@ -206,14 +214,43 @@ void frmCopiaPen::cmdRecuperar_Click()
             MsgBox(QStringLiteral("No se encontraron datos en la unidad indicada"), vbInformation);
             return;
         }
-        BusyCursor busy(this);
         const QString origen = txtRuta->text();
         if (!existeCarpeta(origen))
             utilities::pathNotFound(origen);
+        const QString copia = origen + QStringLiteral("/Xestion.mdb");
+        if (!QFileInfo(copia).isFile()) {
+            MsgBox(QStringLiteral("No se encontraron datos en la unidad indicada"), vbInformation);
+            return;
+        }
+        // The backup is checked before anything of the year is touched.
+        bool sana = true;
+        {
+            BusyCursor busy(this);
+            try {
+                utilities::checkYearDatabase(copia);
+            } catch (const RuntimeError&) {
+                sana = false;
+            }
+        }
+        if (!sana) {
+            MsgBox(QStringLiteral("A copia de seguridade está danada: non se restaurou."), vbCritical);
+            return;
+        }
+        BusyCursor busy(this);
+        const QString carpeta = gRutaBase + u'/' + gAno;
+        // The year being replaced stays beside it, as it was.
+        utilities::keepSafetyCopy(carpeta + QStringLiteral("/Xestion.mdb"), gConexion.get());
         // The session lets go of the file while it is replaced.
         if (gConexion)
             gConexion->Close();
-        utilities::copyFolder(origen, gRutaBase + u'/' + gAno);
+        try {
+            utilities::copyFolder(origen, carpeta);
+        } catch (const RuntimeError&) {
+            // Each file is either the old one or the whole new one: the
+            // session goes on with what is there.
+            AbrirConexion();
+            throw;
+        }
         AbrirConexion();
     }
     QDir::setCurrent(RutaPrograma());

@@ -2,6 +2,9 @@
 // "Copia de Seguridad": copies the year's database to a drive, under
 // <drive>/CopiaCadernia/<year>, and brings a copy back. The drives are the
 // mounted volumes; the only way out is cmdCerrar (the window has no close box).
+// A copy never goes over the open year's own file; a restore takes only a
+// backup that is a sound year, and keeps the year it replaces beside it as a
+// dated safety copy (DatabaseCopy.h).
 #include "ui/Form.h"
 
 #include <QList>

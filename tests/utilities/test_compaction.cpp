@@ -1,6 +1,7 @@
 // Compaction of the year and the copies it relies on: the scratch file under
 // the program folder, the compacted file put in place whole, the failure that
-// ends the program, and copies that never leave a partial file behind.
+// ends the program, copies that never leave a partial file behind, and the
+// temporaries of killed copies cleared away.
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
@@ -17,6 +18,37 @@ namespace {
 int freePages(const QString& path)
 {
     return yearq::native(path, QStringLiteral("PRAGMA freelist_count")).value(0).toInt();
+}
+
+QStringList filesIn(const QString& folder)
+{
+    QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden);
+    names.sort();
+    return names;
+}
+
+QStringList sorted(QStringList names)
+{
+    names.sort();
+    return names;
+}
+
+// What a copy killed half way leaves beside its destination `name`, and
+// files of other names that only look alike.
+QStringList staleBeside(const QString& name)
+{
+    return {name + QStringLiteral(".0badf00d.tmp"), name + QStringLiteral(".0badf00d.tmp-journal"),
+            name + QStringLiteral(".1234abcd.tmp"), name + QStringLiteral(".1234abcd.tmp.00ff00ff.tmp"),
+            name + QStringLiteral(".20250305-103015.antes.deadbeef.tmp")};
+}
+
+QStringList unrelatedTo(const QString& name)
+{
+    return {
+        name + QStringLiteral(".bak"),           name + QStringLiteral(".20250305-103015.antes"),
+        name + QStringLiteral(".zzzzzzzz.tmp"),  QStringLiteral("notas.tmp"),
+        QStringLiteral("Otro.mdb.0badf00d.tmp"), QStringLiteral("Foto.jpg"),
+    };
 }
 
 } // namespace
@@ -174,6 +206,49 @@ private slots:
         utilities::copyFile(install_->database(), target, gConexion.get());
         QVERIFY(!QFileInfo::exists(target + QStringLiteral("-journal")));
         QCOMPARE(yearq::integrity(target), QStringLiteral("ok"));
+    }
+
+    void aCopyClearsTheTemporariesOfKilledCopiesBesideItsDestination()
+    {
+        const QString folder = install_->root() + QStringLiteral("/destino");
+        QDir().mkpath(folder);
+        for (const QString& name :
+             staleBeside(QStringLiteral("Xestion.mdb")) + unrelatedTo(QStringLiteral("Xestion.mdb")))
+            TempInstall::write(folder + u'/' + name, QByteArray(50000, 'x'));
+        utilities::copyFile(install_->database(), folder + QStringLiteral("/Xestion.mdb"), gConexion.get());
+        QCOMPARE(filesIn(folder), sorted(unrelatedTo(QStringLiteral("Xestion.mdb")) << QStringLiteral("Xestion.mdb")));
+        QCOMPARE(yearq::integrity(folder + QStringLiteral("/Xestion.mdb")), QStringLiteral("ok"));
+    }
+
+    void openingAYearClearsTheTemporariesOfKilledCopies()
+    {
+        for (const QString& name :
+             staleBeside(QStringLiteral("Xestion.mdb")) + unrelatedTo(QStringLiteral("Xestion.mdb")))
+            TempInstall::write(install_->yearFolder() + u'/' + name, QByteArray(50000, 'x'));
+        gConexion->Close();
+        AbrirConexion();
+        QVERIFY(gConexion->IsOpen());
+        QCOMPARE(filesIn(install_->yearFolder()),
+                 sorted(unrelatedTo(QStringLiteral("Xestion.mdb")) << QStringLiteral("Xestion.mdb")));
+        QCOMPARE(yearq::count(QStringLiteral("tblAlumnos")), 8);
+    }
+
+    void aCopyOverTheOpenYearsOwnFileIsRefused()
+    {
+        const QByteArray before = TempInstall::read(install_->database());
+        const QString throughDotDot =
+            install_->yearFolder() + QStringLiteral("/../") + install_->year() + QStringLiteral("/Xestion.mdb");
+        const QString other = install_->root() + QStringLiteral("/otro.mdb");
+        QVERIFY(QFile::copy(install_->database(), other));
+        bool refused = false;
+        try {
+            utilities::copyFile(other, throughDotDot, gConexion.get());
+        } catch (const RuntimeError&) {
+            refused = true;
+        }
+        QVERIFY(refused);
+        QCOMPARE(TempInstall::read(install_->database()), before);
+        QCOMPARE(filesIn(install_->yearFolder()), QStringList{QStringLiteral("Xestion.mdb")});
     }
 };
 
