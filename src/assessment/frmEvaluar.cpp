@@ -31,7 +31,7 @@ enum Col : int { ColNumero, ColCodigo, ColAlumno, ColNota, ColObs, ColIdNota, Co
 
 // A number in [fila, 1500] from a generator seeded anew by the clock. The
 // key of column 6 is filled and nothing reads it.
-int claveAleatoria(int fila)
+int randomKey(int fila)
 {
     QRandomGenerator rnd(quint32(QTime::currentTime().msecsSinceStartOfDay()));
     return int(std::floor(rnd.generateDouble() * (1500 - fila + 1) + fila));
@@ -172,7 +172,7 @@ void frmEvaluar::ConstruirGrid()
         g.setTextMatrix(r, ColNumero, QString::number(r));
         g.setTextMatrix(r, ColCodigo, vb::CStr(rsAlumnos_.Value(QStringLiteral("Id"))));
         g.setTextMatrix(r, ColAlumno, vb::UCase(rsAlumnos_.Value(QStringLiteral("Alumno"))));
-        g.setTextMatrix(r, ColClave, QString::number(claveAleatoria(r)));
+        g.setTextMatrix(r, ColClave, QString::number(randomKey(r)));
     }
     RellenarNotas();
     // Stripes from column 1, so that column 0 keeps its band colour.
@@ -277,7 +277,9 @@ void frmEvaluar::cmdBorrar_Click()
                vbYesNo + vbInformation) != vbYes)
         return;
     gFilaActual = r;
-    const QString idNota = g.TextMatrix(r, ColIdNota);
+    // The key goes as a number: an empty cell (a row without a mark) fails
+    // as the conversion it is, before any statement runs.
+    const QString idNota = QString::number(vb::CLng(g.TextMatrix(r, ColIdNota)));
     BorrarRegistro(QStringLiteral("tblNotas"), QStringLiteral("Id"), idNota);
     BorrarRegistro(QStringLiteral("tblNotasRubrica"), QStringLiteral("IdNota"), idNota);
     AbrirAlumnos();

@@ -87,7 +87,7 @@ QString expandir(const QString& plantilla, const QHash<QString, QString>& valore
 }
 
 // The first entry, then the text field of each row in order.
-void rellenarFiltro(QComboBox* box, const QString& primera, db::Recordset& rs, const QString& texto)
+void fillFilter(QComboBox* box, const QString& primera, db::Recordset& rs, const QString& texto)
 {
     box->clear();
     box->addItem(primera);
@@ -178,11 +178,11 @@ void frmTareas::RellenarCombos()
                                   "ON tblGrupos.IdCurso = tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel = "
                                   "tblNiveles.Id ORDER BY tblGrupos.Id;"),
                    gConexion);
-    rellenarFiltro(cmbGrupo, kTodos, rsGrupos_, QStringLiteral("Grupo"));
+    fillFilter(cmbGrupo, kTodos, rsGrupos_, QStringLiteral("Grupo"));
     db::Recordset materias;
     materias.Open(QStringLiteral("SELECT tblMaterias.Id AS IdMat, tblMaterias.Des AS DesMat FROM tblMaterias;"),
                   gConexion);
-    rellenarFiltro(cmbMateria, kTodas, materias, QStringLiteral("DesMat"));
+    fillFilter(cmbMateria, kTodas, materias, QStringLiteral("DesMat"));
 }
 
 qint32 frmTareas::IdGrupoElegido()

@@ -73,7 +73,7 @@ bool NotaDialog::NotaNumerica()
     return false;
 }
 
-QString NotaDialog::notaComoTecleada() const
+QString NotaDialog::typedMark() const
 {
     return QString(txtNota->text()).replace(u',', u'.');
 }

@@ -47,7 +47,7 @@ protected:
     bool NotaNumerica();
 
     // The mark for an INSERT: the text with every "," turned into ".".
-    QString notaComoTecleada() const;
+    QString typedMark() const;
     // The mark for an UPDATE: the text as a Single, back to text, with ","
     // turned into ".". A text that does not convert is a run-time error.
     QString notaEnSimple() const;

@@ -71,7 +71,7 @@ void frmEvaluarNota::Guardar()
                                .arg(idNota_)
                                .arg(idTarea_)
                                .arg(idAlu_) +
-                           notaComoTecleada() + QStringLiteral(", '") + obs() + QStringLiteral("')"));
+                           typedMark() + QStringLiteral(", '") + obs() + QStringLiteral("')"));
     } else {
         gConexion->Execute(
             QStringLiteral("UPDATE tblNotas SET tblNotas.Nota = ") + notaEnSimple() +

@@ -61,13 +61,13 @@ QString frmNotaFinal::sqlGuardar() const
                        .arg(idEval_)
                        .arg(idMat_)
                        .arg(idAlu_) +
-                   notaComoTecleada() + cierre;
+                   typedMark() + cierre;
         if (tipo_ == QLatin1String("FinalO"))
             return QStringLiteral("INSERT INTO tblNotasFinal (Id, IdMat, IdAlu, NotaO, Obs) VALUES(%1, %2, %3, ")
                        .arg(SiguienteId(QStringLiteral("tblNotasFinal"), QStringLiteral("Id")))
                        .arg(idMat_)
                        .arg(idAlu_) +
-                   notaComoTecleada() + cierre;
+                   typedMark() + cierre;
         // No insert for "FinalE": no statement is formed.
         return QString();
     }

@@ -18,7 +18,7 @@ frmEvaluacionesFicha::frmEvaluacionesFicha(QWidget* parent)
     addText(QStringLiteral("Observaciones"), txtObs, QStringLiteral("Obs"));
 }
 
-QString frmEvaluacionesFicha::fecha() const
+QString frmEvaluacionesFicha::dateText() const
 {
     // The box still holds its mask while it has the focus: an untouched
     // mask is an empty date.
@@ -36,7 +36,7 @@ bool frmEvaluacionesFicha::ComprobaDatos()
 {
     if (!FichaForm::ComprobaDatos())
         return false;
-    const QString fec = fecha();
+    const QString fec = dateText();
     if (!fec.isEmpty() && !vb::IsDate(fec))
         return Rechazar(QStringLiteral("Ponga una fecha correcta"), mskFec);
     return true;
@@ -44,6 +44,6 @@ bool frmEvaluacionesFicha::ComprobaDatos()
 
 void frmEvaluacionesFicha::writeFields(db::Recordset& row)
 {
-    const QString fec = fecha();
+    const QString fec = dateText();
     row.Fields(QStringLiteral("Fec")) = vb::IsDate(fec) ? vb::CDate(fec) : QVariant();
 }

@@ -20,5 +20,5 @@ protected:
     void writeFields(db::Recordset& row) override;
 
 private:
-    QString fecha() const;
+    QString dateText() const;
 };

@@ -25,7 +25,7 @@ namespace {
 
 // Each cell of the grid from the recordset, row 1 on: column c shows the
 // field fields[c] (none where it is empty), a Null as empty text.
-void escribirCeldas(FlexGrid& grid, db::Recordset& rs, const QStringList& fields)
+void writeCells(FlexGrid& grid, db::Recordset& rs, const QStringList& fields)
 {
     int r = 1;
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext(), ++r)
@@ -162,7 +162,7 @@ void frmTareasTipos::RellenarTipos()
                                      QStringLiteral("Observacións")};
             for (int c = 1; c < titles.size(); ++c)
                 g.setTextMatrix(0, c, titles[c]);
-            escribirCeldas(g, rsTipos_,
+            writeCells(g, rsTipos_,
                            {QString(), QStringLiteral("Id"), QStringLiteral("Des"), QStringLiteral("Min"),
                             QStringLiteral("Max"), QStringLiteral("Obs")});
             ui::stripeRows(g, 1);
@@ -206,7 +206,7 @@ void frmTareasTipos::RellenarValores()
             g.setFixedAlignment(2, Qt::AlignLeft | Qt::AlignVCenter);
             g.setColAlignment(3, Qt::AlignCenter);
             g.setFixedAlignment(3, Qt::AlignCenter);
-            escribirCeldas(g, rsValor_,
+            writeCells(g, rsValor_,
                            {QStringLiteral("Id"), QString(), QStringLiteral("Aval"), QStringLiteral("Valor")});
             ui::stripeRows(g, 2);
             AjustarColumnas();

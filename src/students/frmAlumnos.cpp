@@ -38,7 +38,7 @@ const QStringList kTitulos = {QString(),
                               QStringLiteral("Foto"),
                               QStringLiteral("AV")};
 
-QString texto(const db::Recordset& rs, const char* field)
+QString fieldText(const db::Recordset& rs, const char* field)
 {
     return FichaForm::Texto(rs.Value(QLatin1String(field)));
 }
@@ -218,7 +218,7 @@ void frmAlumnos::cmdEditar_Click()
     ficha.setId(vb::CLng(rs_.Value(QStringLiteral("Id"))));
     ficha.setRcAlumnos(&rs_);
     gFilaActual = mshDatos->Row();
-    ficha.setCaption(QStringLiteral("Modificando ") + vb::UCase(texto(rs_, "Ape") + u' ' + texto(rs_, "Nom")));
+    ficha.setCaption(QStringLiteral("Modificando ") + vb::UCase(fieldText(rs_, "Ape") + u' ' + fieldText(rs_, "Nom")));
     // The list refills below, once, and goes back to the same row.
     Tag = QStringLiteral("A");
     ShowModal(&ficha);
@@ -234,7 +234,7 @@ void frmAlumnos::cmdBorrar_Click()
         return;
     ui::moveRecordsetToGridRow(*mshDatos, rs_);
     // Only the student's row goes: marks, incidents and the rest stay behind.
-    if (MsgBox(QStringLiteral("Está seguro de elimiar el alumno\r\n") + texto(rs_, "Nom") + u' ' + texto(rs_, "Ape") +
+    if (MsgBox(QStringLiteral("Está seguro de elimiar el alumno\r\n") + fieldText(rs_, "Nom") + u' ' + fieldText(rs_, "Ape") +
                    u'?',
                vbYesNo + vbInformation) != vbYes)
         return;

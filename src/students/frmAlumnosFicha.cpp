@@ -55,7 +55,7 @@ frmAlumnosFicha::frmAlumnosFicha(QWidget* parent)
     sstDatos->addTab(tabNotas, QStringLiteral("NOTAS"));
     sstDatos->addTab(tabRecuperaciones, QStringLiteral("RECUPERACIONES"));
     sstDatos->addTab(tabGrafico, QStringLiteral("GRÁFICO"));
-    grupos_ = ComboPorTexto(cmbGrupo, QStringLiteral("IdGrupo"), QStringLiteral("Grupo"));
+    grupos_ = TextKeyCombo(cmbGrupo, QStringLiteral("IdGrupo"), QStringLiteral("Grupo"));
 
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(sstDatos, 1);

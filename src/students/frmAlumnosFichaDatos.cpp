@@ -23,7 +23,7 @@ bool rexeita(const QString& text, QWidget* field)
 }
 
 // A date box saves its text as a date, or Null when it holds no date.
-QVariant fecha(const MaskEdit* box)
+QVariant dateValue(const MaskEdit* box)
 {
     return vb::IsDate(box->Text()) ? QVariant(box->Text()) : QVariant();
 }
@@ -129,7 +129,7 @@ void frmAlumnosFicha::EscribeCampos(db::Recordset& row)
 {
     for (const CampoTexto& c : CamposTexto()) {
         const auto* date = qobject_cast<const MaskEdit*>(c.box);
-        row.Fields(QLatin1String(c.column)) = date ? fecha(date) : QVariant(c.box->text());
+        row.Fields(QLatin1String(c.column)) = date ? dateValue(date) : QVariant(c.box->text());
     }
     row.Fields(QStringLiteral("Obs")) = txtObs->toPlainText();
     // An empty group goes in as empty text, which the numeric column refuses;

@@ -1,5 +1,7 @@
 #include "students/frmComunicacionRecibir.h"
 
+#include "students/ImportText.h"
+
 #include "core/Modulo.h"
 #include "ui/Dialogs.h"
 #include "ui/FichaForm.h"
@@ -11,8 +13,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
-#include <QStringDecoder>
-#include <QTextStream>
 #include <QVBoxLayout>
 
 namespace {
@@ -22,7 +22,7 @@ const QString kArchivo = QStringLiteral("Archivo a importar");
 
 // Clears the box and lists "Sin Datos", chosen, then the Des of each row of
 // the statement; with no statement "Sin Datos" alone.
-void enche(QComboBox* combo, db::Recordset& rs, const QString& sql)
+void fillCombo(QComboBox* combo, db::Recordset& rs, const QString& sql)
 {
     rs.Close();
     combo->clear();
@@ -36,7 +36,7 @@ void enche(QComboBox* combo, db::Recordset& rs, const QString& sql)
 }
 
 // Moves the recordset to the first row whose Des is the text; false at EOF.
-bool busca(db::Recordset& rs, const QString& des)
+bool findDescription(db::Recordset& rs, const QString& des)
 {
     if (!rs.IsOpen() || rs.RecordCount() == 0)
         return false;
@@ -52,19 +52,21 @@ qsizetype posicion(qsizetype start, const QString& text, QChar mark)
     return text.indexOf(mark, start - 1) + 1;
 }
 
-// The file's text: UTF-8, or Latin-1 when the bytes are not UTF-8, as a list
-// written on an older system is.
-QString leTexto(const QString& path)
+// A field's text ends at a NUL character, as a string of the runtime does
+// when it reaches the database.
+QString untilNul(const QString& field)
+{
+    const qsizetype nul = field.indexOf(QChar(0));
+    return nul < 0 ? field : field.left(nul);
+}
+
+// The file's lines, each as UTF-8 or Windows-1252 (see importLines).
+QStringList readImportFile(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw RuntimeError(RuntimeError::FileNotFound, QStringLiteral("No se encontró el archivo"));
-    const QByteArray bytes = file.readAll();
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString text = utf8.decode(bytes);
-    if (utf8.hasError())
-        text = QString::fromLatin1(bytes);
-    return text;
+    return students::importLines(file.readAll());
 }
 
 } // namespace
@@ -130,12 +132,12 @@ void frmComunicacionRecibir::Form_Activate()
 
 void frmComunicacionRecibir::CargarNiveis()
 {
-    enche(cmbNiveis, rsNiveis_, QStringLiteral("SELECT Id, Des FROM tblNiveles ORDER BY Id"));
+    fillCombo(cmbNiveis, rsNiveis_, QStringLiteral("SELECT Id, Des FROM tblNiveles ORDER BY Id"));
 }
 
 void frmComunicacionRecibir::CargarCursos(const QVariant& idNivel)
 {
-    enche(cmbCursos, rsCursos_,
+    fillCombo(cmbCursos, rsCursos_,
           idNivel.isValid() ? QStringLiteral("SELECT Id, Des FROM tblCursos WHERE tblCursos.IdNivel = %1 ORDER BY Id")
                                   .arg(idNivel.toString())
                             : QString());
@@ -143,7 +145,7 @@ void frmComunicacionRecibir::CargarCursos(const QVariant& idNivel)
 
 void frmComunicacionRecibir::CargarGrupos(const QVariant& idCurso)
 {
-    enche(cmbGrupos, rsGrupos_,
+    fillCombo(cmbGrupos, rsGrupos_,
           idCurso.isValid() ? QStringLiteral("SELECT Id, Des FROM tblGrupos WHERE tblGrupos.IdCurso = %1 ORDER BY Id")
                                   .arg(idCurso.toString())
                             : QString());
@@ -152,20 +154,20 @@ void frmComunicacionRecibir::CargarGrupos(const QVariant& idCurso)
 // A choice that names no row ("Sin Datos") leaves the boxes below as they are.
 void frmComunicacionRecibir::cmbNiveis_Click()
 {
-    if (busca(rsNiveis_, cmbNiveis->currentText()))
+    if (findDescription(rsNiveis_, cmbNiveis->currentText()))
         CargarCursos(rsNiveis_.Value(QStringLiteral("Id")));
 }
 
 void frmComunicacionRecibir::cmbCursos_Click()
 {
-    if (busca(rsCursos_, cmbCursos->currentText()))
+    if (findDescription(rsCursos_, cmbCursos->currentText()))
         CargarGrupos(rsCursos_.Value(QStringLiteral("Id")));
 }
 
 void frmComunicacionRecibir::cmbGrupos_Click()
 {
     // The group's record stays current: it is the group of every student read.
-    busca(rsGrupos_, cmbGrupos->currentText());
+    findDescription(rsGrupos_, cmbGrupos->currentText());
 }
 
 void frmComunicacionRecibir::cmdBuscar_Click()
@@ -198,23 +200,21 @@ void frmComunicacionRecibir::CargarAlumnos()
 
 void frmComunicacionRecibir::Actualizar()
 {
-    QString text = leTexto(lblArchivo->text());
-    QTextStream lines(&text, QIODevice::ReadOnly);
+    const QStringList lines = readImportFile(lblArchivo->text());
     const QVariant grupo = rsGrupos_.Value(QStringLiteral("Id"));
-    while (!lines.atEnd()) {
-        const QString line = lines.readLine();
+    for (const QString& line : lines) {
         // Each field is closed by "#": key, surnames, name. A field that is
         // not there, or empty, leaves its column unset.
         const qsizetype p1 = posicion(1, line, u'#');
         rsAlumnos_.AddNew();
         if (p1 > 1)
-            rsAlumnos_.Fields(QStringLiteral("Id")) = line.left(p1 - 1);
+            rsAlumnos_.Fields(QStringLiteral("Id")) = untilNul(line.left(p1 - 1));
         const qsizetype p2 = posicion(p1 + 1, line, u'#');
         if (p2 - p1 - 1 > 0)
-            rsAlumnos_.Fields(QStringLiteral("Ape")) = line.mid(p1, p2 - p1 - 1);
+            rsAlumnos_.Fields(QStringLiteral("Ape")) = untilNul(line.mid(p1, p2 - p1 - 1));
         const qsizetype p3 = posicion(p2 + 1, line, u'#');
         if (p3 - p2 - 1 > 0)
-            rsAlumnos_.Fields(QStringLiteral("Nom")) = line.mid(p2, p3 - p2 - 1);
+            rsAlumnos_.Fields(QStringLiteral("Nom")) = untilNul(line.mid(p2, p3 - p2 - 1));
         rsAlumnos_.Fields(QStringLiteral("Grupo")) = grupo;
         // The key comes only from the file: a row without one is refused, as
         // the database refuses a Null key, rather than numbered by the engine.

@@ -49,9 +49,9 @@ qint64 bgrFromColor(const QColor& color)
 
 QColor colorFromVariant(const QVariant& value)
 {
+    // A missing file gives an empty variant, which converts to 0 (black); an
+    // empty line is a text, and an empty text is no number.
     if (!value.isValid() || value.isNull())
-        return colorFromBgr(0);
-    if (value.typeId() == QMetaType::QString && value.toString().trimmed().isEmpty())
         return colorFromBgr(0);
     if (value.typeId() == QMetaType::QColor)
         return value.value<QColor>();

@@ -49,7 +49,7 @@ QLineEdit* addLine(QWidget* form, const char* name)
 } // namespace
 
 struct FichaForm::Combo {
-    ComboPorTexto box;
+    TextKeyCombo box;
     QString statement;
     QString column; // of the table, where the key is kept
 };
@@ -119,7 +119,7 @@ void FichaForm::addCombo(const QString& label, QComboBox* combo, const QString& 
 {
     addField(label, combo);
     combos_.push_back(std::make_unique<Combo>(
-        Combo{ComboPorTexto(combo, keyField, textField), statement, column.isEmpty() ? keyField : column}));
+        Combo{TextKeyCombo(combo, keyField, textField), statement, column.isEmpty() ? keyField : column}));
 }
 
 void FichaForm::addDate(const QString& label, MaskEdit* field, const QString& column)
@@ -289,7 +289,7 @@ void FichaForm::keyPressEvent(QKeyEvent* event)
     Form::keyPressEvent(event);
 }
 
-void ComboPorTexto::fill(const QString& statement)
+void TextKeyCombo::fill(const QString& statement)
 {
     rs_.Close();
     rs_.Open(statement, gConexion);
@@ -305,7 +305,7 @@ void ComboPorTexto::fill(const QString& statement)
     combo_->setCurrentIndex(0);
 }
 
-void ComboPorTexto::showKey(const QVariant& key)
+void TextKeyCombo::showKey(const QVariant& key)
 {
     if (vb::IsNull(key) || rs_.RecordCount() == 0)
         return;
@@ -315,7 +315,7 @@ void ComboPorTexto::showKey(const QVariant& key)
         combo_->setCurrentIndex(rs_.AbsolutePosition() - 1);
 }
 
-void ComboPorTexto::write(db::Recordset& row, quint8 estado, const QString& keyColumn)
+void TextKeyCombo::write(db::Recordset& row, quint8 estado, const QString& keyColumn)
 {
     const QString text = combo_->currentText();
     if (text.isEmpty()) {
@@ -327,7 +327,7 @@ void ComboPorTexto::write(db::Recordset& row, quint8 estado, const QString& keyC
     row.Fields(keyColumn) = rs_.Value(keyField_);
 }
 
-std::optional<QVariant> ComboPorTexto::keyOf(const QString& text)
+std::optional<QVariant> TextKeyCombo::keyOf(const QString& text)
 {
     if (rs_.RecordCount() == 0)
         return std::nullopt;

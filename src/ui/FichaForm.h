@@ -29,7 +29,7 @@
 #include <optional>
 #include <vector>
 
-class ComboPorTexto;
+class TextKeyCombo;
 class MaskEdit;
 class QCheckBox;
 class QComboBox;
@@ -81,7 +81,7 @@ protected:
     // A labelled combo chosen by text, filled at the first activation from
     // the statement, whose key field is named as the table's column that
     // keeps the key ("IdNivel"), unless that column is given apart. It is
-    // shown with the row, saved with it (see ComboPorTexto::write) and
+    // shown with the row, saved with it (see TextKeyCombo::write) and
     // released with the form.
     void addCombo(const QString& label, QComboBox* combo, const QString& statement, const QString& keyField,
                   const QString& textField, const QString& column = QString());
@@ -154,9 +154,9 @@ private:
 // recordset of the rows it offers: the recordset stays open while the form
 // lives, the box lists its text column in order with the first text chosen,
 // and the chosen text is found again in the recordset to give the key.
-class ComboPorTexto {
+class TextKeyCombo {
 public:
-    ComboPorTexto(QComboBox* combo, const QString& keyField, const QString& textField)
+    TextKeyCombo(QComboBox* combo, const QString& keyField, const QString& textField)
         : combo_(combo), keyField_(keyField), textField_(textField)
     {
     }

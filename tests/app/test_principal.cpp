@@ -304,14 +304,15 @@ private slots:
         QVERIFY(errors_.isEmpty());
     }
 
-    // Their screens are not part of the program yet: a click is harmless.
-    void buttonsWithoutTheirScreenAreHarmless_data()
+    // Placeholder: these five screens are not built yet. Replace this test by
+    // one that the screen opens when each lands.
+    void placeholderUntilTheirScreensLandTheFiveButtonsDoNothing_data()
     {
         QTest::addColumn<QString>("name");
         for (const char* n : {"cmdDiario", "cmdHorario", "cmdIncidencias", "cmdTitoria", "cmdGraficos"})
             QTest::newRow(n) << QString::fromLatin1(n);
     }
-    void buttonsWithoutTheirScreenAreHarmless()
+    void placeholderUntilTheirScreensLandTheFiveButtonsDoNothing()
     {
         QFETCH(QString, name);
         frmPrincipal* w = start();

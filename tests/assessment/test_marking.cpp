@@ -356,6 +356,7 @@ private slots:
         MsgBox::setNextAnswer(vbYes);
         click(f.cmdBorrar);
         QCOMPARE(harness_.errors.size(), 1);
+        QCOMPARE(harness_.errors.first().Number(), int(RuntimeError::TypeMismatch));
         QCOMPARE(count(QStringLiteral("tblNotas")), 17);
     }
 

@@ -2,6 +2,7 @@
 // guarded opening, the printing on the printers of imp.ini and the PDF
 // entry, the release after printing, and the year switch.
 #include "support/ReportFixture.h"
+#include "support/YearQueries.h"
 #include "core/Modulo.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
@@ -152,6 +153,28 @@ private slots:
         QVERIFY(html.contains(QStringLiteral("Pérez Castro")));
         QVERIFY(!html.contains(QStringLiteral("García López")));
         QVERIFY(!html.contains(QStringLiteral("Martínez Otero")));
+    }
+
+    void theStudentReportsListEveryStudentOfTheList_data() { theFilterAppliesToTheStudentLists_data(); }
+
+    // As the student list shows them: with or without a group, each group
+    // labelled as the screens label it.
+    void theStudentReportsListEveryStudentOfTheList()
+    {
+        QFETCH(QString, entry);
+        frmInforme form;
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
+        clickEntry(form, entry);
+        const QString html = shownHtml(form);
+        const QStringList surnames = yearq::column(QStringLiteral("SELECT Ape FROM tblAlumnos"));
+        QCOMPARE(surnames.size(), 8);
+        for (const QString& ape : surnames)
+            QVERIFY2(html.contains(ape.toHtmlEscaped()), qPrintable(ape));
+        QVERIFY(html.contains(QStringLiteral("Souto Peña"))); // the student whose group was deleted
+        QVERIFY(html.contains(QStringLiteral("5º Primaria A")));
+        QVERIFY(!html.contains(QStringLiteral("5º Primaria - A")));
+        if (entry == QLatin1String("Global"))
+            QVERIFY(html.contains(QStringLiteral("Total de alumnos: 8")));
     }
 
     void theFilterNeverAppliesToTheFinalMarks()

@@ -274,6 +274,23 @@ private slots:
         QCOMPARE(alumno(31), QStringLiteral("31|Muñoz Fernández|Íñigo|2"));
     }
 
+    void aLineWithAStrayByteReadsAsWindows1252AndTheOthersStayUtf8()
+    {
+        auto f = ready("mesturado.alu");
+        importa(*f);
+        QCOMPARE(alumno(41), QStringLiteral("41|Núñez Castro|Xoán|2"));
+        QCOMPARE(alumno(42), QStringLiteral("42|O’Neill Pérez|Inés|2"));
+        QCOMPARE(alumno(43), QStringLiteral("43|Álvarez Souto|Uxía|2"));
+    }
+
+    void aNulByteEndsItsField()
+    {
+        auto f = ready("nulo.alu");
+        importa(*f);
+        QCOMPARE(alumno(51), QStringLiteral("51|Rey|Ana|2"));
+        QCOMPARE(alumno(52), QStringLiteral("52|Vidal|Sara|2"));
+    }
+
     void groupChosenInAnotherCourseIsTheOneUsed()
     {
         auto f = ready("clase.alu");

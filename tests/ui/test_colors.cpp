@@ -39,10 +39,18 @@ private slots:
 
     void numbersConvertAsTheyAre() { QCOMPARE(ui::colorFromVariant(QVariant(qint32(255))), QColor(255, 0, 0)); }
 
-    void emptyColourIsBlack()
+    void missingColourIsBlack() { QCOMPARE(ui::colorFromVariant(QVariant()), QColor(0, 0, 0)); }
+
+    void emptyLineIsATypeMismatch()
     {
-        QCOMPARE(ui::colorFromVariant(QVariant()), QColor(0, 0, 0));
-        QCOMPARE(ui::colorFromVariant(QStringLiteral("")), QColor(0, 0, 0));
+        for (const QString& line : {QString(QLatin1String("")), QStringLiteral(" ")}) {
+            try {
+                ui::colorFromVariant(line);
+                QFAIL("no error raised");
+            } catch (const RuntimeError& e) {
+                QCOMPARE(e.Number(), int(RuntimeError::TypeMismatch));
+            }
+        }
     }
 
     void textThatIsNoNumberIsATypeMismatch()

@@ -42,7 +42,7 @@ Screen nuevo(const char* name)
 }
 
 template <class L>
-Screen editar(const char* name)
+Screen editing(const char* name)
 {
     return {QLatin1String(name), [] { return static_cast<QWidget*>(new L); },
             [](QWidget* list) { static_cast<ListForm*>(list)->cmdEditar_Click(); }};
@@ -86,7 +86,7 @@ frmEvaluar* newestTaskMarking()
 
 // The dialog of an evaluation or final mark of the first student, first
 // subject and first evaluation, with the mark it has, if any.
-Screen notaFinal(const char* name, const char* tipo)
+Screen finalMarkDialog(const char* name, const char* tipo)
 {
     return {QLatin1String(name),
             [tipo] {
@@ -124,19 +124,19 @@ QList<Screen> screens()
 
         screen<frmNiveles>("frmNiveles"),
         nuevo<frmNiveles>("frmNivelesFicha-nuevo"),
-        editar<frmNiveles>("frmNivelesFicha-editar"),
+        editing<frmNiveles>("frmNivelesFicha-editar"),
         screen<frmCursos>("frmCursos"),
         nuevo<frmCursos>("frmCursosFicha-nuevo"),
-        editar<frmCursos>("frmCursosFicha-editar"),
+        editing<frmCursos>("frmCursosFicha-editar"),
         screen<frmGrupos>("frmGrupos"),
         nuevo<frmGrupos>("frmGruposFicha-nuevo"),
-        editar<frmGrupos>("frmGruposFicha-editar"),
+        editing<frmGrupos>("frmGruposFicha-editar"),
         screen<frmEvaluaciones>("frmEvaluaciones"),
         nuevo<frmEvaluaciones>("frmEvaluacionesFicha-nuevo"),
-        editar<frmEvaluaciones>("frmEvaluacionesFicha-editar"),
+        editing<frmEvaluaciones>("frmEvaluacionesFicha-editar"),
         screen<frmMaterias>("frmMaterias"),
         nuevo<frmMaterias>("frmMateriasFicha-nuevo"),
-        editar<frmMaterias>("frmMateriasFicha-editar"),
+        editing<frmMaterias>("frmMateriasFicha-editar"),
         screen<frmTareasTipos>("frmTareasTipos"),
         child<frmTareasTipos>("frmTareasTiposFicha-nuevo", &frmTareasTipos::cmdNovo_Click),
         child<frmTareasTipos>("frmTareasTiposFicha-editar", &frmTareasTipos::cmdEditar_Click),
@@ -153,12 +153,12 @@ QList<Screen> screens()
         screen<frmComunicacionRecibir>("frmComunicacionRecibir"),
         screen<frmTareas>("frmTareas"),
         nuevo<frmTareas>("frmTareasFicha-nuevo"),
-        editar<frmTareas>("frmTareasFicha-editar"),
+        editing<frmTareas>("frmTareasFicha-editar"),
         child<frmTareas>("frmEvaluar", &frmTareas::cmdEvaluacion_Click),
         {QStringLiteral("frmEvaluarNota"), [] { return static_cast<QWidget*>(newestTaskMarking()); },
          [](QWidget* w) { static_cast<frmEvaluar*>(w)->cmdEvaluarNota_Click(); }},
-        notaFinal("frmNotaFinal-Eval", "Eval"),
-        notaFinal("frmNotaFinal-FinalO", "FinalO"),
+        finalMarkDialog("frmNotaFinal-Eval", "Eval"),
+        finalMarkDialog("frmNotaFinal-FinalO", "FinalO"),
     };
 }
 
