@@ -11,7 +11,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
-#include <sqlite3.h>
+#include "db/BoundStatement.h"
+#include "db/Connection.h"
 
 #include <algorithm>
 #include <array>
@@ -40,72 +41,34 @@ const T& pick(Random& r, const std::array<T, N>& a)
     return a[size_t(r.below(int(N)))];
 }
 
-[[noreturn]] void fail(sqlite3* db, const char* what)
-{
-    throw RuntimeError(
-        RuntimeError::DatabaseError,
-        QStringLiteral("Año de pruebas (%1): %2").arg(QLatin1String(what), QString::fromUtf8(sqlite3_errmsg(db))));
-}
-
-void exec(sqlite3* db, const char* sql)
-{
-    if (sqlite3_exec(db, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        fail(db, sql);
-}
-
-// One prepared INSERT, bound column by column and stepped once per row.
+// One INSERT, its values given column by column and written once per row.
 class Insert {
 public:
-    Insert(sqlite3* db, const char* sql) : db_(db)
-    {
-        if (sqlite3_prepare_v2(db, sql, -1, &stmt_, nullptr) != SQLITE_OK)
-            fail(db, sql);
-    }
-    ~Insert() { sqlite3_finalize(stmt_); }
-    Insert(const Insert&) = delete;
-    Insert& operator=(const Insert&) = delete;
+    Insert(db::Connection& cn, const char* sql) : statement_(cn, QString::fromUtf8(sql)) {}
 
-    Insert& integer(qint64 v)
-    {
-        sqlite3_bind_int64(stmt_, ++col_, v);
-        return *this;
-    }
-    Insert& real(double v)
-    {
-        sqlite3_bind_double(stmt_, ++col_, v);
-        return *this;
-    }
-    Insert& text(const QString& v)
-    {
-        const QByteArray utf8 = v.toUtf8();
-        sqlite3_bind_text(stmt_, ++col_, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
-        return *this;
-    }
-    Insert& text(const char* utf8)
-    {
-        sqlite3_bind_text(stmt_, ++col_, utf8, -1, SQLITE_STATIC);
-        return *this;
-    }
+    Insert& integer(qint64 v) { return add(v); }
+    Insert& real(double v) { return add(v); }
+    Insert& text(const QString& v) { return add(v); }
+    Insert& text(const char* utf8) { return add(QString::fromUtf8(utf8)); }
     Insert& date(const QDate& d) { return text(d.toString(Qt::ISODate)); }
-    Insert& null()
-    {
-        sqlite3_bind_null(stmt_, ++col_);
-        return *this;
-    }
+    Insert& null() { return add(QVariant()); }
     // Text, or Null when empty.
     Insert& optional(const QString& v) { return v.isEmpty() ? null() : text(v); }
     void row()
     {
-        if (sqlite3_step(stmt_) != SQLITE_DONE)
-            fail(db_, sqlite3_sql(stmt_));
-        sqlite3_reset(stmt_);
-        col_ = 0;
+        statement_.execute(values_);
+        values_.clear();
     }
 
 private:
-    sqlite3* db_;
-    sqlite3_stmt* stmt_ = nullptr;
-    int col_ = 0;
+    Insert& add(const QVariant& v)
+    {
+        values_.append(v);
+        return *this;
+    }
+
+    db::BoundStatement statement_;
+    QVariantList values_;
 };
 
 // ---------------------------------------------------------------- name lists
@@ -246,7 +209,7 @@ double onScale(double fraction, int max)
 
 // ---------------------------------------------------------------- filling
 
-void fill(sqlite3* db)
+void fill(db::Connection& db)
 {
     Random r(kSeed);
 
@@ -482,24 +445,13 @@ void fill(sqlite3* db)
 void createLargeYear(const QString& path)
 {
     db::Schema::CreateYear(path);
-    sqlite3* db = nullptr;
-    if (sqlite3_open_v2(path.toUtf8().constData(), &db, SQLITE_OPEN_READWRITE, nullptr) != SQLITE_OK) {
-        const QString msg = QString::fromUtf8(db ? sqlite3_errmsg(db) : "sin memoria");
-        sqlite3_close_v2(db);
-        throw RuntimeError(RuntimeError::DatabaseError, QStringLiteral("'%1': %2").arg(path, msg));
-    }
-    try {
-        // A new file that nobody else has open: no need for the journal while filling.
-        exec(db, "PRAGMA synchronous=OFF; PRAGMA journal_mode=MEMORY;");
-        exec(db, "BEGIN");
-        fill(db);
-        exec(db, "COMMIT");
-        exec(db, "PRAGMA journal_mode=DELETE");
-    } catch (...) {
-        sqlite3_close_v2(db);
-        throw;
-    }
-    sqlite3_close_v2(db);
+    const db::ConnectionPtr cn = db::Connection::Open(path);
+    // A new file that nobody else has open: no need for the journal while filling.
+    cn->ExecuteNative(QStringLiteral("PRAGMA synchronous=OFF; PRAGMA journal_mode=MEMORY;"));
+    cn->ExecuteNative(QStringLiteral("BEGIN"));
+    fill(*cn);
+    cn->ExecuteNative(QStringLiteral("COMMIT"));
+    cn->ExecuteNative(QStringLiteral("PRAGMA journal_mode=DELETE"));
 }
 
 QString largeYearPath()

@@ -46,15 +46,20 @@ public:
     // Translation, cached by text.
     const Translation& Translate(const QString& statement, bool rowids = false);
 
-    // A prepared statement from the cache, reset and ready to step. The
-    // caller steps it and must not finalize it.
-    sqlite3_stmt* Prepare(const QString& sqliteText);
     // Throws the RuntimeError of the last failure of this connection.
     [[noreturn]] void Fail(const QString& context = QString()) const;
 
+private:
+    // SQLite itself stays inside the engine: the recordset and the bound
+    // statement step what the cache prepares.
+    friend class Recordset;
+    friend class BoundStatement;
+
+    // A prepared statement from the cache, reset and ready to step. The
+    // caller steps it and must not finalize it.
+    sqlite3_stmt* Prepare(const QString& sqliteText);
     sqlite3* Handle() const { return db_; }
 
-private:
     explicit Connection(const QString& path);
     void openFile(bool create);
     void clearCache();

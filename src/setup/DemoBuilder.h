@@ -2,6 +2,7 @@
 // The demo year is kept in memory while it is written, so that the later
 // tables (evaluation marks, final marks, the tutor's marks) follow from the
 // task marks, as a teacher would have typed them.
+#include "db/BoundStatement.h"
 #include "db/Connection.h"
 #include "setup/DemoNames.h"
 #include "setup/DemoRandom.h"
@@ -47,8 +48,7 @@ public:
     int rows() const { return rows_; }
 
 private:
-    db::Connection& cn_;
-    QString sql_;
+    db::BoundStatement insert_;
     int lastKey_ = 0;
     int rows_ = 0;
 };

@@ -1,11 +1,8 @@
 // The frame of the demo year: catalogues, students, weights and timetable.
 #include "setup/DemoBuilder.h"
 
-#include "db/SqlValue.h"
-
 #include <QSet>
 #include <QTime>
-#include <sqlite3.h>
 
 #include <algorithm>
 
@@ -58,27 +55,27 @@ int bgr(unsigned rgb)
 
 } // namespace
 
-Table::Table(db::Connection& cn, const char* name, const char* columns) : cn_(cn)
+namespace {
+
+QString insertStatement(const char* name, const char* columns)
 {
     const int n = int(QString::fromLatin1(columns).count(u',')) + 1;
     QStringList marks;
     for (int i = 0; i < n; ++i)
         marks << QStringLiteral("?");
-    sql_ = QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-               .arg(QLatin1String(name), QLatin1String(columns), marks.join(QStringLiteral(", ")));
+    return QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
+        .arg(QLatin1String(name), QLatin1String(columns), marks.join(QStringLiteral(", ")));
+}
+
+} // namespace
+
+Table::Table(db::Connection& cn, const char* name, const char* columns) : insert_(cn, insertStatement(name, columns))
+{
 }
 
 void Table::add(std::initializer_list<QVariant> values)
 {
-    sqlite3_stmt* stmt = cn_.Prepare(sql_);
-    int index = 0;
-    for (const QVariant& v : values)
-        db::bindValue(stmt, ++index, v);
-    if (sqlite3_step(stmt) != SQLITE_DONE) {
-        sqlite3_reset(stmt);
-        cn_.Fail(sql_);
-    }
-    sqlite3_reset(stmt);
+    insert_.execute(values);
     ++rows_;
 }
 

@@ -1,5 +1,6 @@
 // The dialect layer: what each Jet idiom becomes, and that what it becomes
 // runs with the engine's meaning.
+#include "db/BoundStatement.h"
 #include "db/Connection.h"
 #include "db/JetSql.h"
 #include "db/Recordset.h"
@@ -9,7 +10,6 @@
 #include <QTemporaryDir>
 
 #include <functional>
-#include <sqlite3.h>
 #include <QtTest>
 
 using db::JetSql;
@@ -50,25 +50,8 @@ class TestJetSql : public QObject {
     // The value as SQLite holds it, untouched by the recordset's typing.
     static QVariant stored(const db::ConnectionPtr& cn, const QString& sqlite)
     {
-        sqlite3_stmt* stmt = cn->Prepare(sqlite);
-        QVariant v;
-        if (sqlite3_step(stmt) == SQLITE_ROW) {
-            switch (sqlite3_column_type(stmt, 0)) {
-            case SQLITE_INTEGER:
-                v = qint64(sqlite3_column_int64(stmt, 0));
-                break;
-            case SQLITE_FLOAT:
-                v = sqlite3_column_double(stmt, 0);
-                break;
-            case SQLITE_TEXT:
-                v = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0)));
-                break;
-            default:
-                break;
-            }
-        }
-        sqlite3_reset(stmt);
-        return v;
+        const QList<QVariantList> rows = db::BoundStatement(*cn, sqlite).rows();
+        return rows.isEmpty() ? QVariant() : rows.first().value(0);
     }
 
     static int rows(const db::ConnectionPtr& cn, const QString& jet)
@@ -221,11 +204,9 @@ private slots:
         QVERIFY(text.endsWith(QStringLiteral("ORDER BY \"tblTareas\".\"FecIni\" DESC")));
         QCOMPARE(cn_->Translate(QStringLiteral("SELECT Ape FROM tblAlumnos ORDER BY tblAlumnos.Ape")).sql,
                  QStringLiteral("SELECT \"Ape\" FROM \"tblAlumnos\" ORDER BY \"tblAlumnos\".\"Ape\" COLLATE jet_es"));
-        sqlite3_stmt* stmt = cn_->Prepare(QStringLiteral("EXPLAIN QUERY PLAN ") + text);
         QString details;
-        while (sqlite3_step(stmt) == SQLITE_ROW)
-            details += QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 3))) + u'\n';
-        sqlite3_reset(stmt);
+        for (const QVariantList& row : db::BoundStatement(*cn_, QStringLiteral("EXPLAIN QUERY PLAN ") + text).rows())
+            details += row.value(3).toString() + u'\n';
         QVERIFY2(details.contains(QStringLiteral("USING INDEX ixTareasFecIni")), qPrintable(details));
         QVERIFY2(!details.contains(QStringLiteral("TEMP B-TREE")), qPrintable(details));
     }

@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 
-#include <sqlite3.h>
 
 namespace reports {
 
@@ -20,22 +19,9 @@ namespace {
 // fields of a formula joins texts.
 bool isTextColumn(const db::ConnectionPtr& cn, const QString& table, const QString& column)
 {
-    sqlite3_stmt* stmt = nullptr;
-    if (sqlite3_prepare_v2(cn->Handle(), "SELECT type FROM pragma_table_info(?1) WHERE name = ?2 COLLATE NOCASE", -1,
-                           &stmt, nullptr) != SQLITE_OK)
-        return false;
-    const QByteArray t = table.toUtf8();
-    const QByteArray c = column.toUtf8();
-    sqlite3_bind_text(stmt, 1, t.constData(), t.size(), SQLITE_TRANSIENT);
-    sqlite3_bind_text(stmt, 2, c.constData(), c.size(), SQLITE_TRANSIENT);
-    bool text = false;
-    if (sqlite3_step(stmt) == SQLITE_ROW) {
-        const QString type = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 0))).toUpper();
-        text = type.contains(QLatin1String("CHAR")) || type.contains(QLatin1String("TEXT")) ||
-               type.contains(QLatin1String("CLOB"));
-    }
-    sqlite3_finalize(stmt);
-    return text;
+    const db::TableDecl* decl = cn->tableDecl(table);
+    const db::ColumnDecl* col = decl ? decl->column(column) : nullptr;
+    return col && col->type == db::ColumnType::Text;
 }
 
 } // namespace
