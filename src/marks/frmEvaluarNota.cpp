@@ -3,6 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -42,6 +43,7 @@ void frmEvaluarNota::Form_Activate()
     }
     rs.Close();
     lblInfo->setText(QStringLiteral("Nota mínima: %1 | Nota máxima: %2").arg(min_).arg(max_));
+    ui::limitToColumn(txtObs, QStringLiteral("tblNotas"), QStringLiteral("Obs"));
     txtNota->setFocus();
     if (idNota_ != -1) {
         txtNota->setText(vb::CStr(QVariant::fromValue(nota_)));

@@ -3,6 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
 #include "vb/Vb.h"
 
@@ -39,6 +40,8 @@ QString frmNotaFinal::onde() const
 
 void frmNotaFinal::Form_Activate()
 {
+    ui::limitToColumn(txtObs, esEval(tipo_) ? QStringLiteral("tblNotasEval") : QStringLiteral("tblNotasFinal"),
+                      QStringLiteral("Obs"));
     txtNota->setFocus();
     if (nota_ == -1)
         return;

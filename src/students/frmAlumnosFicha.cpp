@@ -203,6 +203,9 @@ void frmAlumnosFicha::Form_Activate()
     LimpiaGrids();
     grupos_.fill(kGrupos);
     cmbGrupo->setCurrentIndex(-1);
+    for (const CampoTexto& c : CamposTexto())
+        if (!qobject_cast<MaskEdit*>(c.box))
+            ui::limitToColumn(c.box, QStringLiteral("tblAlumnos"), QLatin1String(c.column));
     if (estado_ == 0) {
         // The key is taken now and written only by the save.
         id_ = SiguienteId(QStringLiteral("tblAlumnos"), QStringLiteral("Id"));

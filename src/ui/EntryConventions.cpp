@@ -250,4 +250,11 @@ void focusNextField(QWidget* from)
     QCoreApplication::sendEvent(window, &tab);
 }
 
+void limitToColumn(QLineEdit* field, const QString& table, const QString& column)
+{
+    const int size = gConexion ? gConexion->columnSize(table, column) : 0;
+    if (size > 0)
+        field->setMaxLength(size);
+}
+
 } // namespace ui

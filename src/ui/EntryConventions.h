@@ -44,6 +44,10 @@ inline void installTimeConventions(MaskEdit* field)
 // window, as the Tab key would.
 void focusNextField(QWidget* from);
 
+// Typing stops at the declared size of the column the field is saved to
+// (VARCHAR(n) in the year's schema); a column without one leaves it free.
+void limitToColumn(QLineEdit* field, const QString& table, const QString& column);
+
 // A search box: the focus colours and selection of every field, but Enter
 // runs `search` and the focus stays in the box.
 void installSearchField(QLineEdit* field, std::function<void()> search);

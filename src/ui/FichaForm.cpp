@@ -174,6 +174,9 @@ void FichaForm::Form_Activate()
         loaded_ = true;
         for (auto& combo : combos_)
             combo->box.fill(combo->statement);
+        for (const Bound& b : bound_)
+            if (auto* line = qobject_cast<QLineEdit*>(b.field); line && !qobject_cast<MaskEdit*>(b.field))
+                ui::limitToColumn(line, table, b.column);
         loadLists();
     }
     if (estado_ == 0) {

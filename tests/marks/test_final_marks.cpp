@@ -144,19 +144,22 @@ private slots:
                                                      "tblNotasFinal.IdAlu = 1"));
     }
 
-    void anInsertKeepsTheDigitsAndAnUpdateGoesThroughSinglePrecision()
+    void anInsertCarriesTheDigitsAndAnUpdateGoesThroughSingleBothStoredAsSingle()
     {
         frmNotaFinal nueva;
         open(nueva, QStringLiteral("Eval"), 2, 2, 4, -1);
         QTest::keyClicks(nueva.txtNota, QStringLiteral("5,123456789"));
+        QVERIFY(nueva.sqlGuardar().contains(QStringLiteral(", 5.123456789, ''")));
         click(nueva.cmdAceptar);
-        QCOMPARE(evaluationMarks(4, 2).last(), QStringLiteral("2:5.123456789:"));
+        // The column is a Single: what is stored is the nearest one.
+        QCOMPARE(evaluationMarks(4, 2).last(), QStringLiteral("2:5.12345695495605:"));
 
         frmNotaFinal cambio;
         open(cambio, QStringLiteral("Eval"), 2, 2, 4, 5.123457f);
         retype(cambio, QStringLiteral("5,123456789"));
+        QVERIFY(cambio.sqlGuardar().contains(QStringLiteral("Nota = 5.123457,")));
         click(cambio.cmdAceptar);
-        QCOMPARE(evaluationMarks(4, 2).last(), QStringLiteral("2:5.123457:"));
+        QCOMPARE(evaluationMarks(4, 2).last(), QStringLiteral("2:5.12345695495605:"));
     }
 
     void cancelWritesNothing()

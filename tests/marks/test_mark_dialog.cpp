@@ -133,7 +133,7 @@ private slots:
         QVERIFY(d.isVisible());
     }
 
-    void anInsertKeepsTheDigitsAsTyped()
+    void anInsertCarriesTheDigitsAsTypedAndTheColumnKeepsTheNearestSingle()
     {
         frmEvaluarNota d;
         open(d, false);
@@ -142,20 +142,20 @@ private slots:
         d.cmdAceptar->click();
         QVERIFY(!d.isVisible());
         QCOMPARE(d.IdNota(), 18);
-        QCOMPARE(stored(18), QStringLiteral("8.123456789"));
+        QCOMPARE(stored(18), QStringLiteral("8.12345695495605")); // float(8.123456789)
         QCOMPARE(yearq::value(QStringLiteral("SELECT IdTarea & '-' & IdAlu & '-' & Obs FROM tblNotas WHERE Id = 18"))
                      .toString(),
                  QStringLiteral("6-3-Bien"));
     }
 
-    void anUpdateGoesThroughSinglePrecision()
+    void anUpdateGoesThroughSinglePrecisionAndTheColumnKeepsTheNearestSingle()
     {
         frmEvaluarNota d;
         open(d, true);
         d.txtNota->clear();
         QTest::keyClicks(d.txtNota, QStringLiteral("8.123456789"));
         d.cmdAceptar->click();
-        QCOMPARE(stored(12), QStringLiteral("8.123457"));
+        QCOMPARE(stored(12), QStringLiteral("8.12345695495605")); // float(8.123457)
         QCOMPARE(yearq::value(QStringLiteral("SELECT Obs FROM tblNotas WHERE Id = 12")).toString(),
                  QStringLiteral("Sigue así"));
         QCOMPARE(count(QStringLiteral("tblNotas")), 17);

@@ -107,6 +107,21 @@ private slots:
         QCOMPARE(list.cmdBorrar->text(), QStringLiteral("&Borrar"));
     }
 
+    void typingADescriptionStopsAtTheColumnSize()
+    {
+        frmNiveles list;
+        list.show();
+        int maxLength = 0;
+        withFicha<frmNivelesFicha>(list.cmdNovo, [&](frmNivelesFicha* f) {
+            QTest::keyClicks(f->txtDes, QString(60, u'n'));
+            maxLength = f->txtDes->maxLength();
+            QCOMPARE(f->txtDes->text().size(), 50);
+            click(f->cmdAceptar);
+        });
+        QCOMPARE(maxLength, 50);
+        QCOMPARE(value(QStringLiteral("SELECT Des FROM tblNiveles WHERE Id = 3")).toString(), QString(50, u'n'));
+    }
+
     void newLevelIsSavedWithTheShownKey()
     {
         frmNiveles list;

@@ -68,6 +68,15 @@ private slots:
         QCOMPARE(count(QStringLiteral("tblAlumnos")), 8);
     }
 
+    void typingStopsAtTheDeclaredSizeOfEachColumn()
+    {
+        auto f = nova();
+        QCOMPARE(f->txtApe->maxLength(), 100);
+        QCOMPARE(f->txtNom->maxLength(), 80);
+        QTest::keyClicks(f->txtApe, QString(120, u'x'));
+        QCOMPARE(f->txtApe->text().size(), 100);
+    }
+
     void editLoadsEveryFieldOfTheStudent()
     {
         auto f = ficha(1, 1, lista(QString(), 3));
