@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS  ?= $(shell nproc)
 
-.PHONY: all deps configure build test run screenshots bench format clean
+.PHONY: all deps configure build test run screenshots bench format clean reliability fuzz sanitize
 
 all: build
 
@@ -28,6 +28,20 @@ screenshots:
 
 bench: build
 	$(BUILD)/bin/cadernia-bench
+
+# The crash test with 200 kills per slot instead of the 20 of `make test`.
+reliability: configure
+	cmake --build $(BUILD) -j $(JOBS) --target test_reliability
+	cd $(BUILD) && CADERNIA_RELIABILITY_TRIALS=200 ctest --output-on-failure -R '^test_reliability$$'
+
+# Each libFuzzer target for FUZZ_SECONDS, built with clang in build-fuzz/.
+FUZZ_SECONDS ?= 120
+fuzz: deps
+	FUZZ_SECONDS=$(FUZZ_SECONDS) JOBS=$(JOBS) scripts/fuzz
+
+# Every test under ASan (with leak checks) and UBSan, built in build-asan/.
+sanitize: deps
+	JOBS=$(JOBS) scripts/sanitize
 
 format:
 	find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
