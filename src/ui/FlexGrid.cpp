@@ -447,6 +447,16 @@ void FlexGrid::applyColWidth(int col)
         setColumnWidth(c, pixels);
 }
 
+void FlexGrid::showSortIndicator(int col, bool ascending)
+{
+    if (col < lead()) {
+        topHeader_->setSortIndicatorShown(false);
+        return;
+    }
+    topHeader_->setSortIndicator(col - lead(), ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    topHeader_->setSortIndicatorShown(true);
+}
+
 int FlexGrid::ColWidth(int col) const
 {
     checkCell(0, col);

@@ -111,6 +111,8 @@ public:
     // texts are numbers, other texts in the Spanish order without case.
     // Rows with equal keys keep their order.
     void Sort(int col, bool ascending);
+    // The arrow of a sort by a title click on the title of `col`; -1 hides it.
+    void showSortIndicator(int col, bool ascending);
     // Merges runs of equal, non-empty adjacent cells of a column into one.
     void mergeEqualCells(int col);
 

@@ -382,6 +382,24 @@ private slots:
                  (QStringList{"FERNÁNDEZ NÚÑEZ BRAIS", "GARCÍA LÓPEZ ANA", "PÉREZ CASTRO UXÍA"}));
     }
 
+    void theSortedTitleShowsTheArrowOfItsDirection()
+    {
+        frmEvaluar f;
+        open(f, 1, 1, 10);
+        FlexGrid& g = *f.mshDatos;
+        QHeaderView* titles = g.horizontalHeader();
+        QVERIFY(!titles->isSortIndicatorShown());
+        clickTitle(g, 3);
+        QVERIFY(titles->isSortIndicatorShown());
+        QCOMPARE(titles->sortIndicatorSection(), 3 - g.FixedCols());
+        QCOMPARE(titles->sortIndicatorOrder(), Qt::AscendingOrder);
+        clickTitle(g, 3);
+        QCOMPARE(titles->sortIndicatorOrder(), Qt::DescendingOrder);
+        clickTitle(g, 2);
+        QCOMPARE(titles->sortIndicatorSection(), 2 - g.FixedCols());
+        QCOMPARE(titles->sortIndicatorOrder(), Qt::AscendingOrder);
+    }
+
     void aNewOpeningForgetsTheLastSort()
     {
         {
