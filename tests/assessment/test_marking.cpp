@@ -382,6 +382,16 @@ private slots:
                  (QStringList{"FERNÁNDEZ NÚÑEZ BRAIS", "GARCÍA LÓPEZ ANA", "PÉREZ CASTRO UXÍA"}));
     }
 
+    void theReportsPaintTheBandsInTheColoursOfTheGrid()
+    {
+        const QString style = reports::ReportDocument::houseStyle();
+        for (int b = 0; b < bandas::Count; ++b) {
+            const QString rule = QStringLiteral("td.band%1 { background-color: %2;").arg(bandas::nome(b), bandas::color(b).name());
+            QVERIFY2(style.contains(rule), qPrintable(rule));
+        }
+        QCOMPARE(bandas::color(bandas::BE).name(), QStringLiteral("#6d80e2")); // blue on screen and on paper
+    }
+
     void theSortedTitleShowsTheArrowOfItsDirection()
     {
         frmEvaluar f;
