@@ -1,5 +1,6 @@
 #include "assessment/Bandas.h"
 
+#include "core/BandColours.h"
 #include "ui/Colors.h"
 #include "vb/Vb.h"
 
@@ -7,14 +8,12 @@ namespace bandas {
 
 QString nome(int banda)
 {
-    static const char* const nomes[] = {"IN", "SF", "BE", "NT", "SB"};
-    return QLatin1String(nomes[banda]);
+    return QLatin1String(bands::kNames[banda]);
 }
 
 QColor color(int banda)
 {
-    static const QRgb colores[] = {0xFF9191, 0xFADEF9, 0x6D80E2, 0x81CB83, 0xEBDEA0};
-    return QColor::fromRgb(colores[banda]);
+    return QColor::fromRgb(bands::kColours[banda]);
 }
 
 std::optional<QColor> colorDeNota(float nota, qint16 maximo)

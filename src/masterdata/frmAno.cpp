@@ -90,8 +90,17 @@ void frmAno::Form_Activate()
     const QStringList carpetas =
         QDir(gRutaBase).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name | QDir::IgnoreCase);
     for (const QString& nombre : carpetas)
-        if (QFileInfo::exists(gRutaBase + u'/' + nombre + QStringLiteral("/Xestion.mdb")))
+        if (QFileInfo::exists(gRutaBase + u'/' + nombre + QStringLiteral("/Xestion.mdb"))) {
             lstInforma->addItem(nombre);
+            // The open year stands out in bold, and the list starts on it.
+            if (nombre == gAno) {
+                QListWidgetItem* item = lstInforma->item(lstInforma->count() - 1);
+                QFont bold = item->font();
+                bold.setBold(true);
+                item->setFont(bold);
+                lstInforma->setCurrentItem(item);
+            }
+        }
     lstInforma->setFocus();
 }
 

@@ -10,6 +10,9 @@
 #include "ui/EntryConventions.h"
 #include "ui/MaskEdit.h"
 
+#include <QDir>
+#include <QStandardPaths>
+#include <QImageReader>
 #include <QComboBox>
 #include <QEvent>
 #include <QFileInfo>
@@ -247,12 +250,45 @@ void frmAlumnosFicha::MostraFoto()
         imgFoto->setPixmap(foto.scaled(imgFoto->contentsRect().size(), Qt::KeepAspectRatio, Qt::SmoothTransformation));
 }
 
+namespace {
+
+// The folder of the last photo chosen in this session.
+QString& lastPhotoFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+// Where the photo dialog opens without a photo: the last folder used, or the
+// user's pictures, or home.
+QString photoFolder()
+{
+    if (!lastPhotoFolder().isEmpty() && QFileInfo(lastPhotoFolder()).isDir())
+        return lastPhotoFolder();
+    const QString pictures = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
+    return QFileInfo(pictures).isDir() ? pictures : QDir::homePath();
+}
+
+// Every picture format Qt reads, as one filter.
+QString photoFilter()
+{
+    QStringList patterns;
+    for (const QByteArray& format : QImageReader::supportedImageFormats())
+        patterns << QStringLiteral("*.") + QString::fromLatin1(format);
+    return QStringLiteral("Imágenes (%1)").arg(patterns.join(u' '));
+}
+
+} // namespace
+
 void frmAlumnosFicha::imgFoto_DblClick()
 {
     // The dialog opens on the present path; cancelled, it hands that path back.
-    const QString chosen = FileDialog::getOpenFileName(this, QString(), rutaFoto_);
-    if (!chosen.isEmpty())
+    const QString chosen =
+        FileDialog::getOpenFileName(this, QString(), rutaFoto_.isEmpty() ? photoFolder() : rutaFoto_, photoFilter());
+    if (!chosen.isEmpty()) {
         rutaFoto_ = chosen;
+        lastPhotoFolder() = QFileInfo(chosen).absolutePath();
+    }
     MostraFoto();
 }
 

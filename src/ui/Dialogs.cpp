@@ -14,6 +14,7 @@ struct FileScript {
     QQueue<QString> answers;
     QStringList asked;
     QStringList filters;
+    QStringList dirs;
 };
 
 FileScript& files()
@@ -34,10 +35,12 @@ ColorScript& colors()
 }
 
 // A scripted answer if there is one; nothing when the real dialog is to open.
-std::optional<QString> scriptedFile(const QString& caption, const QString& filter = QString())
+std::optional<QString> scriptedFile(const QString& caption, const QString& filter = QString(),
+                                    const QString& dir = QString())
 {
     files().asked.append(caption);
     files().filters.append(filter);
+    files().dirs.append(dir);
     if (!files().answers.isEmpty())
         return files().answers.dequeue();
     if (MsgBox::unscriptedFatal())
@@ -49,7 +52,7 @@ std::optional<QString> scriptedFile(const QString& caption, const QString& filte
 
 QString FileDialog::getOpenFileName(QWidget* parent, const QString& caption, const QString& dir, const QString& filter)
 {
-    if (auto scripted = scriptedFile(caption, filter))
+    if (auto scripted = scriptedFile(caption, filter, dir))
         return *scripted;
     return QFileDialog::getOpenFileName(parent, caption, dir, filter);
 }
@@ -105,11 +108,17 @@ const QStringList& FileDialog::askedFilters()
     return files().filters;
 }
 
+const QStringList& FileDialog::askedDirs()
+{
+    return files().dirs;
+}
+
 void FileDialog::reset()
 {
     files().answers.clear();
     files().asked.clear();
     files().filters.clear();
+    files().dirs.clear();
 }
 
 QColor ColorDialog::getColor(const QColor& initial, QWidget* parent, const QString& title)

@@ -38,6 +38,8 @@ public:
     static const QStringList& asked();
     // Their filters, as the callers wrote them.
     static const QStringList& askedFilters();
+    // The folders or files they opened on.
+    static const QStringList& askedDirs();
     static void reset();
 };
 

@@ -25,6 +25,7 @@ const char* const kEntry = "cadernia_entry";
 const char* const kDecimalComma = "cadernia_decimal_comma";
 const char* const kMask = "cadernia_mask";
 const char* const kHasFocus = "cadernia_has_focus";
+const char* const kClickedIn = "cadernia_clicked_in"; // a masked box entered by the mouse
 
 bool isMultiLine(const QObject* o)
 {
@@ -99,6 +100,8 @@ public:
             return false;
         case QEvent::KeyPress:
             return keyPress(field, static_cast<QKeyEvent*>(event));
+        case QEvent::MouseButtonRelease:
+            return clickedIn(field, event);
         default:
             return false;
         }
@@ -128,6 +131,20 @@ private:
         static_cast<QObject*>(field)->event(event);
         setBackColor(field, colorFromVariant(gColor));
         selectAllOf(field);
+        // The press that gave the focus goes on to place the cursor where it
+        // landed; a masked box is selected again once the click is over, so
+        // that typing fills it from its first position.
+        field->setProperty(kClickedIn, masked && mask.isValid() && event->reason() == Qt::MouseFocusReason);
+        return true;
+    }
+
+    bool clickedIn(QWidget* field, QEvent* event)
+    {
+        if (!field->property(kClickedIn).toBool())
+            return false;
+        field->setProperty(kClickedIn, false);
+        static_cast<QObject*>(field)->event(event);
+        selectAllOf(field);
         return true;
     }
 
@@ -136,6 +153,7 @@ private:
         if (windowOnly(event))
             return;
         field->setProperty(kHasFocus, false);
+        field->setProperty(kClickedIn, false);
         auto* masked = qobject_cast<MaskEdit*>(field);
         const QVariant mask = field->property(kMask);
         if (masked && mask.isValid()) {

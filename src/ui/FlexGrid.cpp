@@ -4,6 +4,9 @@
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
 
+#include <QStyleOptionViewItem>
+#include <QHelpEvent>
+#include <QToolTip>
 #include <QAbstractTableModel>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -128,7 +131,8 @@ FlexGrid::FlexGrid(QWidget* parent)
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setHorizontalScrollMode(QAbstractItemView::ScrollPerItem);
     setTabKeyNavigation(false); // Tab leaves the grid for the next control
-    setTextElideMode(Qt::ElideNone);
+    // A text wider than its cell ends in "…"; the tooltip tells the rest.
+    setTextElideMode(Qt::ElideRight);
     setWordWrap(false);
     setCornerButtonEnabled(false);
 
@@ -284,6 +288,39 @@ void FlexGrid::announce(int row1, int col1, int row2, int col2)
 void FlexGrid::announceAll()
 {
     announce(0, 0, Rows() - 1, Cols() - 1);
+}
+
+QString FlexGrid::clippedTextAt(const QPoint& viewportPos) const
+{
+    const QModelIndex index = indexAt(viewportPos);
+    if (!index.isValid())
+        return {};
+    const QString text = index.data(Qt::DisplayRole).toString();
+    if (text.isEmpty() || text.contains(u'\n'))
+        return {};
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.rect = visualRect(index);
+    const QVariant font = index.data(Qt::FontRole);
+    const QFontMetrics metrics(font.isValid() ? font.value<QFont>().resolve(this->font()) : this->font());
+    // The item's own margins, as the style draws it.
+    const int margin = style()->pixelMetric(QStyle::PM_FocusFrameHMargin, &option, this) + 1;
+    const int room = option.rect.width() - 2 * margin;
+    return metrics.horizontalAdvance(text) > room ? text : QString();
+}
+
+bool FlexGrid::viewportEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        auto* help = static_cast<QHelpEvent*>(event);
+        const QString text = clippedTextAt(help->pos());
+        if (text.isEmpty())
+            QToolTip::hideText();
+        else
+            QToolTip::showText(help->globalPos(), text, viewport(), visualRect(indexAt(help->pos())));
+        return true;
+    }
+    return QTableView::viewportEvent(event);
 }
 
 QVariant FlexGrid::cellData(int row, int col, int role) const
@@ -445,6 +482,16 @@ void FlexGrid::applyColWidth(int col)
     setColumnHidden(c, pixels <= 0);
     if (pixels > 0)
         setColumnWidth(c, pixels);
+}
+
+void FlexGrid::showSortIndicator(int col, bool ascending)
+{
+    if (col < lead()) {
+        topHeader_->setSortIndicatorShown(false);
+        return;
+    }
+    topHeader_->setSortIndicator(col - lead(), ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    topHeader_->setSortIndicatorShown(true);
 }
 
 int FlexGrid::ColWidth(int col) const

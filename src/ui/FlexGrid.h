@@ -111,6 +111,11 @@ public:
     // texts are numbers, other texts in the Spanish order without case.
     // Rows with equal keys keep their order.
     void Sort(int col, bool ascending);
+    // The arrow of a sort by a title click on the title of `col`; -1 hides it.
+    void showSortIndicator(int col, bool ascending);
+    // The whole text of the body cell under a point of the viewport when the
+    // cell shows it cut short; "" when it fits or there is no cell.
+    QString clippedTextAt(const QPoint& viewportPos) const;
     // Merges runs of equal, non-empty adjacent cells of a column into one.
     void mergeEqualCells(int col);
 
@@ -128,6 +133,7 @@ signals:
     void keyPressed(int key, Qt::KeyboardModifiers modifiers);
 
 protected:
+    bool viewportEvent(QEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;

@@ -6,7 +6,9 @@
 // Qt does not let exceptions cross its event loop, so every slot or event
 // handler that may throw runs its body under guardRuntime(); Form does this
 // for Form_Activate and for showModal(). GuardedApplication catches what still
-// reaches QApplication::notify, as a last net.
+// reaches QApplication::notify, as a last net: safe for ending the process,
+// not for carrying on, since an exception through Qt's own frames leaves
+// their objects behind.
 //
 // Tests install a handler that records the error instead of ending the process.
 #include "vb/RuntimeError.h"

@@ -132,7 +132,10 @@ void OrdenarGrid(FlexGrid* grid, int col)
         direction = SortGenericAscending;
     else
         direction = SortGenericDescending;
-    resumeNext([&] { grid->Sort(col, direction == SortGenericAscending); });
+    resumeNext([&] {
+        grid->Sort(col, direction == SortGenericAscending);
+        grid->showSortIndicator(col, direction == SortGenericAscending);
+    });
     lastSortDirection = direction;
     lastSortCol = col;
     resumeNext([&] { grid->setRedraw(true); });

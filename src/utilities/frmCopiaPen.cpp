@@ -234,6 +234,7 @@ void frmCopiaPen::cmdRecuperar_Click()
         }
         if (!sana) {
             MsgBox(QStringLiteral("A copia de seguridade está danada: non se restaurou."), vbCritical);
+            lblInforma->setVisible(false); // nothing is under way any more
             return;
         }
         BusyCursor busy(this);

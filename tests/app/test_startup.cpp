@@ -77,6 +77,7 @@ class TestStartup : public QObject {
         } else {
             env.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
         }
+        env.remove(QStringLiteral("XDG_RUNTIME_DIR"));
         p.setProcessEnvironment(env);
         p.setWorkingDirectory(install_->program());
         p.start(program_, args);
@@ -128,6 +129,8 @@ private slots:
         QCOMPARE(p.state(), QProcess::Running);
         const QString err = QString::fromUtf8(p.readAllStandardError());
         QVERIFY2(!err.contains(QStringLiteral("Error '")), qPrintable(err));
+        // No warning about a missing runtime folder, set or not.
+        QVERIFY2(!err.contains(QStringLiteral("XDG_RUNTIME_DIR")), qPrintable(err));
         stop(p);
     }
 

@@ -382,6 +382,34 @@ private slots:
                  (QStringList{"FERNÁNDEZ NÚÑEZ BRAIS", "GARCÍA LÓPEZ ANA", "PÉREZ CASTRO UXÍA"}));
     }
 
+    void theReportsPaintTheBandsInTheColoursOfTheGrid()
+    {
+        const QString style = reports::ReportDocument::houseStyle();
+        for (int b = 0; b < bandas::Count; ++b) {
+            const QString rule = QStringLiteral("td.band%1 { background-color: %2;").arg(bandas::nome(b), bandas::color(b).name());
+            QVERIFY2(style.contains(rule), qPrintable(rule));
+        }
+        QCOMPARE(bandas::color(bandas::BE).name(), QStringLiteral("#6d80e2")); // blue on screen and on paper
+    }
+
+    void theSortedTitleShowsTheArrowOfItsDirection()
+    {
+        frmEvaluar f;
+        open(f, 1, 1, 10);
+        FlexGrid& g = *f.mshDatos;
+        QHeaderView* titles = g.horizontalHeader();
+        QVERIFY(!titles->isSortIndicatorShown());
+        clickTitle(g, 3);
+        QVERIFY(titles->isSortIndicatorShown());
+        QCOMPARE(titles->sortIndicatorSection(), 3 - g.FixedCols());
+        QCOMPARE(titles->sortIndicatorOrder(), Qt::AscendingOrder);
+        clickTitle(g, 3);
+        QCOMPARE(titles->sortIndicatorOrder(), Qt::DescendingOrder);
+        clickTitle(g, 2);
+        QCOMPARE(titles->sortIndicatorSection(), 2 - g.FixedCols());
+        QCOMPARE(titles->sortIndicatorOrder(), Qt::AscendingOrder);
+    }
+
     void aNewOpeningForgetsTheLastSort()
     {
         {

@@ -117,6 +117,18 @@ private slots:
         QCOMPARE(QApplication::focusWidget() == form.lstInforma || form.focusWidget() == form.lstInforma, true);
     }
 
+    void theOpenYearStandsOutInBoldAndIsTheCurrentRow()
+    {
+        addYear(QStringLiteral("2023-24"));
+        frmAno form;
+        form.show();
+        QCOMPARE(gAno, QStringLiteral("2025-26"));
+        QCOMPARE(listed(form), (QStringList{"2023-24", "2025-26"}));
+        QVERIFY(!form.lstInforma->item(0)->font().bold());
+        QVERIFY(form.lstInforma->item(1)->font().bold());
+        QCOMPARE(form.lstInforma->currentRow(), 1);
+    }
+
     void aSecondActivationAddsTheNamesAgain()
     {
         frmAno form;

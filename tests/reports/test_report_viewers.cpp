@@ -306,6 +306,7 @@ private slots:
         clickEntry(form, QStringLiteral("Por Grupos"));
         QTest::mouseClick(form.cmdImpresora, Qt::LeftButton);
         QCOMPARE(printed_, QStringList{QStringLiteral("Aula 2:AlumnosGrupo")});
+        QCOMPARE(reports::PrinterOutput::jobName(*form.shownReport()), QStringLiteral("Cadernia - ALUMNOS POR GRUPOS"));
         QVERIFY(opened_.isEmpty());
         QVERIFY(!form.hasReport());
     }

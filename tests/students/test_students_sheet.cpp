@@ -367,6 +367,34 @@ private slots:
         QCOMPARE(columna(QStringLiteral("Foto"), 2), foto);
     }
 
+    void thePhotoDialogOffersPicturesAndStartsInThePicturesOrTheLastFolderUsed()
+    {
+        QTemporaryDir home;
+        QDir(home.path()).mkpath(QStringLiteral("Pictures"));
+        qputenv("HOME", home.path().toUtf8());
+        qputenv("XDG_PICTURES_DIR", (home.path() + QStringLiteral("/Pictures")).toUtf8());
+        auto f = ficha(1, 2, lista(QString(), 2)); // Brais: no photo yet
+        FileDialog::setNextFileName(QString());
+        f->imgFoto_DblClick();
+        const QString filter = FileDialog::askedFilters().last();
+        QVERIFY2(filter.startsWith(QStringLiteral("Imágenes (")), qPrintable(filter));
+        QVERIFY(filter.contains(QStringLiteral("*.png")) && filter.contains(QStringLiteral("*.jpg")));
+        QVERIFY(!filter.contains(QStringLiteral("(*)")));
+        QCOMPARE(QFileInfo(FileDialog::askedDirs().last()).canonicalFilePath(),
+                 QFileInfo(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)).canonicalFilePath());
+        QVERIFY(FileDialog::askedDirs().last() != QCoreApplication::applicationDirPath());
+
+        QTemporaryDir other;
+        const QString foto = imaxe(other, QStringLiteral("brais.png"));
+        FileDialog::setNextFileName(foto);
+        f->imgFoto_DblClick();
+        f.reset(); // not saved: Brais still has no photo
+        auto g = ficha(1, 2, lista(QString(), 2));
+        FileDialog::setNextFileName(QString());
+        g->imgFoto_DblClick();
+        QCOMPARE(FileDialog::askedDirs().last(), other.path());
+    }
+
     void cancelledPhotoDialogKeepsThePath()
     {
         auto f = ficha(1, 1, lista(QString(), 3));

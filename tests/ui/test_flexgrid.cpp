@@ -53,6 +53,30 @@ private slots:
     void init() { session_.start(); }
     void cleanup() { session_.finish(); }
 
+    void aClippedCellEndsInAnEllipsisAndTellsItsTextInATooltip()
+    {
+        FlexGrid g;
+        g.setRows(3);
+        g.setCols(3);
+        g.setColWidth(1, 900);
+        g.setColWidth(2, 4000);
+        const QString longText = QStringLiteral("2º Bacharelato Ciencias e Tecnoloxía B");
+        g.setTextMatrix(1, 1, longText);
+        g.setTextMatrix(1, 2, longText);
+        g.setTextMatrix(2, 1, QStringLiteral("1º A"));
+        g.resize(600, 200);
+        g.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&g));
+        QCOMPARE(g.textElideMode(), Qt::ElideRight);
+        const auto centre = [&](int row, int col) {
+            return g.visualRect(g.model()->index(row - g.FixedRows(), col - g.FixedCols())).center();
+        };
+        QCOMPARE(g.clippedTextAt(centre(1, 1)), longText); // cut short: the whole text
+        QCOMPARE(g.clippedTextAt(centre(1, 2)), QString()); // fits: no tooltip
+        QCOMPARE(g.clippedTextAt(centre(2, 1)), QString());
+        QCOMPARE(g.TextMatrix(1, 1), longText); // the cell keeps its text
+    }
+
     void newGridHasTwoRowsAndTwoColsOneOfEachFixed()
     {
         FlexGrid grid;

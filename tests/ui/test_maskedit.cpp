@@ -100,6 +100,39 @@ private slots:
         QCOMPARE(ui::backColor(mskFec), QColor(Qt::white));
     }
 
+    // A click lands anywhere in the box; the date still fills from its
+    // first position, whether the box was empty or held a date.
+    void aClickIntoADateStartsTypingAtItsFirstPosition_data()
+    {
+        QTest::addColumn<QString>("before");
+        QTest::newRow("empty") << QString();
+        QTest::newRow("filled") << QStringLiteral("03/04/2024");
+    }
+    void aClickIntoADateStartsTypingAtItsFirstPosition()
+    {
+        QFETCH(QString, before);
+        QWidget form;
+        auto* mskFec = new MaskEdit(&form);
+        auto* txtObs = new QLineEdit(&form);
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(mskFec);
+        layout->addWidget(txtObs);
+        ui::installDateConventions(mskFec);
+        ui::installEntryConventions(txtObs);
+        mskFec->setText(before);
+        form.show();
+        form.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        txtObs->setFocus(Qt::TabFocusReason);
+        QTest::mouseClick(mskFec, Qt::LeftButton, {}, QPoint(mskFec->width() - 8, mskFec->height() / 2));
+        QCOMPARE(QApplication::focusWidget(), mskFec);
+        QTest::keyClicks(mskFec, QStringLiteral("25112026"));
+        QCOMPARE(mskFec->Text(), QStringLiteral("25/11/2026"));
+        // A second click into the focused box places the cursor as usual.
+        QTest::mouseClick(mskFec, Qt::LeftButton, {}, QPoint(4, mskFec->height() / 2));
+        QCOMPARE(mskFec->selectedText(), QString());
+    }
+
     void filledDateStaysOnLeaving()
     {
         QWidget form;

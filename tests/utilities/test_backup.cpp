@@ -95,6 +95,7 @@ class TestBackup : public QObject {
         QVERIFY(gConexion->IsOpen());
         QCOMPARE(count(QStringLiteral("tblNiveles")), 3);
         QCOMPARE(filesIn(install_->yearFolder()), QStringList{QStringLiteral("Xestion.mdb")});
+        QVERIFY(!form.lblInforma->isVisible()); // no "Espere un momento ..." left behind
     }
 
     // A copy to `folder`, which is the open year's own folder: refused, with

@@ -1,5 +1,6 @@
 #include "reports/engine/ReportDocument.h"
 
+#include "core/BandColours.h"
 #include "vb/RuntimeError.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -78,11 +79,6 @@ p.gap { margin-top: 0px; margin-bottom: 0px; font-size: 5pt; }
 td.value { font-weight: bold; }
 table.box { border-color: #9aa9bb; }
 td.bandhead { background-color: #dde5ee; color: #1f3a5f; font-weight: bold; text-align: center; }
-td.bandIN { background-color: #f6d5d8; text-align: center; }
-td.bandSF { background-color: #fbe7c6; text-align: center; }
-td.bandBE { background-color: #fdf6c3; text-align: center; }
-td.bandNT { background-color: #d8ecd0; text-align: center; }
-td.bandSB { background-color: #cfe3f3; text-align: center; }
 )CSS";
 
 const char* const kHeaderStyle = R"CSS(
@@ -132,7 +128,13 @@ qreal cellAllowance(const QTextDocument& doc, const QTextBlock& block, QHash<con
 
 QString ReportDocument::houseStyle()
 {
-    return QString::fromUtf8(kHouseStyle);
+    // The band cells take the colours the marking grid paints.
+    QString style = QString::fromUtf8(kHouseStyle);
+    for (int b = 0; b < bands::kCount; ++b)
+        style += QStringLiteral("td.band%1 { background-color: #%2; text-align: center; }\n")
+                     .arg(QLatin1String(bands::kNames[b]))
+                     .arg(bands::kColours[b], 6, 16, QLatin1Char('0'));
+    return style;
 }
 
 QString ReportDocument::houseStyleFor(const QString& html)

@@ -17,6 +17,12 @@ PrinterOutput::Sink& printerSink()
 
 } // namespace
 
+QString PrinterOutput::jobName(const ReportDocument& report)
+{
+    const QString title = report.header().title.simplified();
+    return QStringLiteral("Cadernia - ") + (title.isEmpty() ? report.name() : title);
+}
+
 void PrinterOutput::print(const QString& printer, const ReportDocument& report)
 {
     if (printerSink()) {
@@ -24,7 +30,7 @@ void PrinterOutput::print(const QString& printer, const ReportDocument& report)
         return;
     }
     QPrinter device(QPrinterInfo::printerInfo(printer), QPrinter::HighResolution);
-    device.setDocName(report.name());
+    device.setDocName(jobName(report));
     report.paint(&device);
 }
 

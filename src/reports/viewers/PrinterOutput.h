@@ -15,6 +15,9 @@ class ReportDocument;
 
 class PrinterOutput {
 public:
+    // The name of the job in the printer's queue: "Cadernia - " and the
+    // report's title on one line, as the teacher reads it on the page.
+    static QString jobName(const ReportDocument& report);
     using Sink = std::function<void(const QString& printer, const ReportDocument& report)>;
     static void print(const QString& printer, const ReportDocument& report);
     static void setForTest(Sink sink);

@@ -5,6 +5,7 @@
 // holds), YEAR the year's folder under it; the student record (KEY
 // FichaAlumno) reads Impresion/Impresion.mdb under the current directory.
 #include "core/Modulo.h"
+#include "core/RuntimeFolder.h"
 #include "vb/Clock.h"
 #include "vb/RuntimeError.h"
 #include "reports/engine/Catalogue.h"
@@ -39,6 +40,7 @@ int main(int argc, char** argv)
     // No window is ever shown: the layout needs fonts, not a screen.
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    ensureRuntimeFolder();
     QGuiApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("cadernia-report"));
 
