@@ -2,7 +2,7 @@
 BUILD ?= build
 JOBS  ?= $(shell nproc)
 
-.PHONY: all deps configure build test run screenshots bench format clean reliability fuzz sanitize
+.PHONY: all deps configure build test run screenshots bench format format-check clean reliability fuzz sanitize
 
 all: build
 
@@ -43,8 +43,14 @@ fuzz: deps
 sanitize: deps
 	JOBS=$(JOBS) scripts/sanitize
 
+FORMATTED = find src tests bench fuzz -name '*.cpp' -o -name '*.h'
+
 format:
-	find src tests bench -name '*.cpp' -o -name '*.h' | xargs clang-format -i
+	$(FORMATTED) | xargs clang-format -i
+
+# Fails when a file is not as `make format` leaves it.
+format-check:
+	$(FORMATTED) | xargs clang-format --dry-run -Werror
 
 clean:
 	rm -rf $(BUILD)

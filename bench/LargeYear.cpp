@@ -5,14 +5,14 @@
 #include "db/Schema.h"
 #include "vb/RuntimeError.h"
 
+#include "db/BoundStatement.h"
+#include "db/Connection.h"
 #include <QCoreApplication>
 #include <QDate>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStringList>
-#include "db/BoundStatement.h"
-#include "db/Connection.h"
 
 #include <algorithm>
 #include <array>

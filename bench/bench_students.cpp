@@ -10,8 +10,8 @@
 #include "ScreenBench.h"
 
 #include "core/Modulo.h"
-#include "ui/FlexGrid.h"
 #include "students/frmAlumnos.h"
+#include "ui/FlexGrid.h"
 
 #include <QLineEdit>
 #include <benchmark/benchmark.h>

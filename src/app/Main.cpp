@@ -1,7 +1,7 @@
 #include "app/Main.h"
 
-#include "core/Modulo.h"
 #include "app/frmPrincipal.h"
+#include "core/Modulo.h"
 #include "ui/RuntimeErrorBox.h"
 
 #include <QCoreApplication>

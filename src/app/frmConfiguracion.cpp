@@ -1,15 +1,15 @@
 #include "app/frmConfiguracion.h"
 
 #include "core/Modulo.h"
-#include "ui/Printers.h"
-#include "ui/RuntimeErrorBox.h"
-#include "vb/Vb.h"
 #include "masterdata/frmCursos.h"
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmGrupos.h"
 #include "masterdata/frmMaterias.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmTareasTipos.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
+#include "vb/Vb.h"
 
 #include <QComboBox>
 #include <QGridLayout>

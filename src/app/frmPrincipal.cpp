@@ -1,12 +1,10 @@
 #include "app/frmPrincipal.h"
 
 #include "app/Logo.h"
-#include "core/Modulo.h"
 #include "app/frmAcercaDe.h"
 #include "app/frmConfiguracion.h"
-#include "ui/MsgBox.h"
-#include "ui/RuntimeErrorBox.h"
 #include "assessment/frmTareas.h"
+#include "core/Modulo.h"
 #include "masterdata/frmAno.h"
 #include "masterdata/frmCursos.h"
 #include "masterdata/frmEvaluaciones.h"
@@ -16,6 +14,8 @@
 #include "masterdata/frmTareasTipos.h"
 #include "students/frmAlumnos.h"
 #include "students/frmComunicacionRecibir.h"
+#include "ui/MsgBox.h"
+#include "ui/RuntimeErrorBox.h"
 #include "utilities/frmColor.h"
 #include "utilities/frmCopiaPen.h"
 

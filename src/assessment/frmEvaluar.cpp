@@ -1,16 +1,16 @@
 #include "assessment/frmEvaluar.h"
 
 #include "assessment/Bandas.h"
-#include "marks/frmEvaluarNota.h"
 #include "core/Funciones.h"
 #include "core/Modulo.h"
+#include "marks/frmEvaluarNota.h"
+#include "reports/viewers/frmInforme.h"
+#include "students/frmAlumnosFicha.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "ui/UiFunciones.h"
 #include "vb/Vb.h"
-#include "reports/viewers/frmInforme.h"
-#include "students/frmAlumnosFicha.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>

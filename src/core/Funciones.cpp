@@ -21,11 +21,11 @@ qint32 SiguienteId(const QString& tabla, const QString& columna, const QString& 
 QString DescripcionPorId(const QString& tabla, const QString& clave, const QString& texto, qint32 id)
 {
     db::Recordset rs;
-    rs.Open(QStringLiteral("SELECT %1 AS Codigo,%2 AS Descripcion FROM %3 WHERE %3.%1=%4")
-                .arg(clave, texto, tabla)
-                .arg(id),
-            gConexion);
-    const QString result = rs.Eof() ? QStringLiteral("NO ENCONTRADO") : vb::CStr(rs.Fields(QStringLiteral("Descripcion")).Value());
+    rs.Open(
+        QStringLiteral("SELECT %1 AS Codigo,%2 AS Descripcion FROM %3 WHERE %3.%1=%4").arg(clave, texto, tabla).arg(id),
+        gConexion);
+    const QString result =
+        rs.Eof() ? QStringLiteral("NO ENCONTRADO") : vb::CStr(rs.Fields(QStringLiteral("Descripcion")).Value());
     rs.Close();
     return result;
 }
@@ -33,8 +33,9 @@ QString DescripcionPorId(const QString& tabla, const QString& clave, const QStri
 qint32 IdPorDescripcion(const QString& tabla, const QString& texto, const QString& clave, const QString& valor)
 {
     db::Recordset rs;
-    rs.Open(QStringLiteral("SELECT %1 AS Codigo,%2 AS Descripcion FROM %3 WHERE %2='%4'").arg(clave, texto, tabla, valor),
-            gConexion);
+    rs.Open(
+        QStringLiteral("SELECT %1 AS Codigo,%2 AS Descripcion FROM %3 WHERE %2='%4'").arg(clave, texto, tabla, valor),
+        gConexion);
     const qint32 result = rs.Eof() ? 0 : vb::CLng(rs.Fields(QStringLiteral("Codigo")).Value());
     rs.Close();
     return result;
@@ -51,8 +52,7 @@ bool ExisteRegistro(const QString& tabla, const QString& columna, const QString&
 
 void BorrarRegistro(const QString& tabla, const QString& columna, const QString& valor)
 {
-    gConexion->Execute(
-        QStringLiteral("DELETE %1.*, %1.%2 From %1 WHERE %1.%2=%3").arg(tabla, columna, valor));
+    gConexion->Execute(QStringLiteral("DELETE %1.*, %1.%2 From %1 WHERE %1.%2=%3").arg(tabla, columna, valor));
 }
 
 float PesoTipoTarea(qint32 tipo, qint32 eval, qint32 mat, qint32 grupo)

@@ -10,7 +10,13 @@ const QStringList& Galego();
 const QStringList& Castelan();
 
 // Name of a month 1..12 in each list.
-inline QString MesGalego(int mes) { return Galego().value(mes - 1); }
-inline QString MesCastelan(int mes) { return Castelan().value(mes - 1); }
+inline QString MesGalego(int mes)
+{
+    return Galego().value(mes - 1);
+}
+inline QString MesCastelan(int mes)
+{
+    return Castelan().value(mes - 1);
+}
 
 } // namespace MesALetra

@@ -33,7 +33,10 @@ QString RutaPrograma()
     return QCoreApplication::applicationDirPath();
 }
 
-void SetRutaPrograma(const QString& folder) { gProgramFolder = folder; }
+void SetRutaPrograma(const QString& folder)
+{
+    gProgramFolder = folder;
+}
 
 std::optional<QString> LeerLinea(const QString& path, int line)
 {
@@ -57,9 +60,15 @@ std::optional<QString> LeerLinea(const QString& path, int line)
     return QString::fromUtf8(text);
 }
 
-QString LeerRuta() { return LeerLinea(RutaPrograma() + QStringLiteral("/ruta.ini"), 1).value_or(QString()); }
+QString LeerRuta()
+{
+    return LeerLinea(RutaPrograma() + QStringLiteral("/ruta.ini"), 1).value_or(QString());
+}
 
-QString LeerAno() { return LeerLinea(RutaPrograma() + QStringLiteral("/ano.ini"), 1).value_or(QString()); }
+QString LeerAno()
+{
+    return LeerLinea(RutaPrograma() + QStringLiteral("/ano.ini"), 1).value_or(QString());
+}
 
 static QVariant optionalLine(const QString& file, int line)
 {
@@ -67,11 +76,20 @@ static QVariant optionalLine(const QString& file, int line)
     return text ? QVariant(*text) : QVariant();
 }
 
-QVariant LeerColor() { return optionalLine(QStringLiteral("color.ini"), 1); }
+QVariant LeerColor()
+{
+    return optionalLine(QStringLiteral("color.ini"), 1);
+}
 
-QVariant LeerColor2() { return optionalLine(QStringLiteral("color2.ini"), 1); }
+QVariant LeerColor2()
+{
+    return optionalLine(QStringLiteral("color2.ini"), 1);
+}
 
-QVariant LeerImpresora(int& n) { return optionalLine(QStringLiteral("imp.ini"), n == 0 ? 1 : 2); }
+QVariant LeerImpresora(int& n)
+{
+    return optionalLine(QStringLiteral("imp.ini"), n == 0 ? 1 : 2);
+}
 
 void AbrirConexion()
 {

@@ -27,13 +27,13 @@ void checkFileKind(const QString& path)
     const QByteArray head = f.read(100);
     if (head.startsWith(QByteArrayLiteral("SQLite format 3\0")))
         return;
-    if (head.mid(4, 15) == QByteArrayLiteral("Standard Jet DB") || head.mid(4, 17) == QByteArrayLiteral("Standard ACE DB"))
+    if (head.mid(4, 15) == QByteArrayLiteral("Standard Jet DB") ||
+        head.mid(4, 17) == QByteArrayLiteral("Standard ACE DB"))
         throw RuntimeError(RuntimeError::DatabaseError,
                            QStringLiteral("'%1' es una base de datos Jet antigua; este programa sólo abre años "
                                           "guardados como base de datos SQLite.")
                                .arg(path));
-    throw RuntimeError(RuntimeError::DatabaseError,
-                       QStringLiteral("'%1' no es una base de datos SQLite.").arg(path));
+    throw RuntimeError(RuntimeError::DatabaseError, QStringLiteral("'%1' no es una base de datos SQLite.").arg(path));
 }
 
 } // namespace
@@ -78,8 +78,7 @@ void Connection::openFile(bool create)
     // The year file stays whole after each statement: years are copied as folders.
     char* err = nullptr;
     if (sqlite3_exec(db_, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF;", nullptr,
-                     nullptr, &err)
-        != SQLITE_OK) {
+                     nullptr, &err) != SQLITE_OK) {
         const QString msg = QString::fromUtf8(err ? err : "");
         sqlite3_free(err);
         sqlite3_close_v2(db_);
@@ -88,7 +87,10 @@ void Connection::openFile(bool create)
     }
 }
 
-Connection::~Connection() { Close(); }
+Connection::~Connection()
+{
+    Close();
+}
 
 void Connection::clearCache()
 {
@@ -232,9 +234,9 @@ void Connection::ExecuteNative(const QString& sql)
     if (!db_)
         throw RuntimeError(RuntimeError::DatabaseError, QStringLiteral("La conexión está cerrada."));
     // A new or changed table changes what the translations know of it.
-    if (sql.contains(QLatin1String("CREATE"), Qt::CaseInsensitive)
-        || sql.contains(QLatin1String("ALTER"), Qt::CaseInsensitive)
-        || sql.contains(QLatin1String("DROP"), Qt::CaseInsensitive)) {
+    if (sql.contains(QLatin1String("CREATE"), Qt::CaseInsensitive) ||
+        sql.contains(QLatin1String("ALTER"), Qt::CaseInsensitive) ||
+        sql.contains(QLatin1String("DROP"), Qt::CaseInsensitive)) {
         schema_.reset();
         translations_[0].clear();
         translations_[1].clear();

@@ -19,11 +19,11 @@ struct Translation {
     enum class Kind { Query, Command, Pivot };
 
     Kind kind = Kind::Command;
-    QString sql;            // the SQLite text (for a pivot: the grouped select)
-    QStringList baseTables; // tables of the outer FROM (UPDATE/DELETE/INSERT: the target)
-    bool rowidColumns = false;  // hidden "__rowid_<table>" columns were added
-    int pivotRowHeads = 0;      // pivot: the leading row-heading columns
-    QStringList pivotIn;        // pivot: fixed column headings of PIVOT ... IN (...)
+    QString sql;               // the SQLite text (for a pivot: the grouped select)
+    QStringList baseTables;    // tables of the outer FROM (UPDATE/DELETE/INSERT: the target)
+    bool rowidColumns = false; // hidden "__rowid_<table>" columns were added
+    int pivotRowHeads = 0;     // pivot: the leading row-heading columns
+    QStringList pivotIn;       // pivot: fixed column headings of PIVOT ... IN (...)
 };
 
 class JetSql {

@@ -24,14 +24,16 @@ void Parser::findMentions()
     if (!tableDecl_)
         return;
     auto isName = [](const Token& t) { return t.type == Tok::Bracket || (t.type == Tok::Ident && t.kw == Kw::None); };
-    auto isOpText = [](const Token& t, char16_t c) { return t.type == Tok::Op && t.text.size() == 1 && t.text[0] == c; };
+    auto isOpText = [](const Token& t, char16_t c) {
+        return t.type == Tok::Op && t.text.size() == 1 && t.text[0] == c;
+    };
     for (int i = 1; i + 1 < toks_.size(); ++i) {
         const Token& t = toks_[i];
         if (!isName(t))
             continue;
         const Token& before = toks_[i - 1];
-        if (!(before.kw == Kw::From || before.kw == Kw::Join || before.kw == Kw::Update || before.kw == Kw::Into
-              || isOpText(before, u'(') || isOpText(before, u',')))
+        if (!(before.kw == Kw::From || before.kw == Kw::Join || before.kw == Kw::Update || before.kw == Kw::Into ||
+              isOpText(before, u'(') || isOpText(before, u',')))
             continue;
         const Token& after = toks_[i + 1];
         if (isOpText(after, u'.') || isOpText(after, u'!') || isOpText(after, u'('))
@@ -90,8 +92,8 @@ Kind Parser::kindOf(const Expr& e)
             return Kind::Number;
         }
     }
-    if (!e.qualifier.isEmpty() && !e.column.isEmpty() && isDateColumn_
-        && isDateColumn_(e.qualifier.toString(), e.column.toString()))
+    if (!e.qualifier.isEmpty() && !e.column.isEmpty() && isDateColumn_ &&
+        isDateColumn_(e.qualifier.toString(), e.column.toString()))
         return Kind::Date;
     return Kind::Unknown;
 }

@@ -264,8 +264,8 @@ Expr Parser::additive()
         const Expr r = modulo();
         // SQLite would take an ISO date for the number of its year: a date
         // operand makes it date arithmetic.
-        if ((e.kind == Kind::Date || r.kind == Kind::Date || e.ofColumn || r.ofColumn)
-            && (kindOf(e) == Kind::Date || kindOf(r) == Kind::Date)) {
+        if ((e.kind == Kind::Date || r.kind == Kind::Date || e.ofColumn || r.ofColumn) &&
+            (kindOf(e) == Kind::Date || kindOf(r) == Kind::Date)) {
             e = dateArithmetic(e, minus, at, r, pos);
             continue;
         }
@@ -486,8 +486,8 @@ Expr Parser::call()
         out_ += u'(';
     }
     expectOp(u'(');
-    if (shape && shape->rule == Shape::Interval
-        && (peek().type != Tok::String || peek().escapedQuote || !isDateInterval(peek().text)))
+    if (shape && shape->rule == Shape::Interval &&
+        (peek().type != Tok::String || peek().escapedQuote || !isDateInterval(peek().text)))
         syntaxError(QStringLiteral("intervalo no admitido en %1").arg(fn.text), peek().pos);
     int count = 0;
     if (!isOp(u')')) {

@@ -17,21 +17,59 @@ struct KeywordName {
 };
 
 constexpr KeywordName kKeywords[] = {
-    {"SELECT", Kw::Select},   {"FROM", Kw::From},       {"WHERE", Kw::Where},   {"GROUP", Kw::Group},
-    {"BY", Kw::By},           {"HAVING", Kw::Having},   {"ORDER", Kw::Order},   {"ASC", Kw::Asc},
-    {"DESC", Kw::Desc},       {"AS", Kw::As},           {"INNER", Kw::Inner},   {"LEFT", Kw::Left},
-    {"RIGHT", Kw::Right},     {"OUTER", Kw::Outer},     {"JOIN", Kw::Join},     {"ON", Kw::On},
-    {"AND", Kw::And},         {"OR", Kw::Or},           {"NOT", Kw::Not},       {"LIKE", Kw::Like},
-    {"BETWEEN", Kw::Between}, {"IS", Kw::Is},           {"IN", Kw::In},         {"UNION", Kw::Union},
-    {"PIVOT", Kw::Pivot},     {"TRANSFORM", Kw::Transform}, {"SET", Kw::Set},   {"VALUES", Kw::Values},
-    {"INTO", Kw::Into},       {"MOD", Kw::Mod},         {"XOR", Kw::Xor},       {"DISTINCT", Kw::Distinct},
-    {"DISTINCTROW", Kw::DistinctRow}, {"TOP", Kw::Top}, {"ALL", Kw::All},       {"INSERT", Kw::Insert},
-    {"UPDATE", Kw::Update},   {"DELETE", Kw::Delete},   {"TRUE", Kw::True},     {"FALSE", Kw::False},
-    {"YES", Kw::Yes},         {"NO", Kw::No},           {"NULL", Kw::Null},
+    {"SELECT", Kw::Select},
+    {"FROM", Kw::From},
+    {"WHERE", Kw::Where},
+    {"GROUP", Kw::Group},
+    {"BY", Kw::By},
+    {"HAVING", Kw::Having},
+    {"ORDER", Kw::Order},
+    {"ASC", Kw::Asc},
+    {"DESC", Kw::Desc},
+    {"AS", Kw::As},
+    {"INNER", Kw::Inner},
+    {"LEFT", Kw::Left},
+    {"RIGHT", Kw::Right},
+    {"OUTER", Kw::Outer},
+    {"JOIN", Kw::Join},
+    {"ON", Kw::On},
+    {"AND", Kw::And},
+    {"OR", Kw::Or},
+    {"NOT", Kw::Not},
+    {"LIKE", Kw::Like},
+    {"BETWEEN", Kw::Between},
+    {"IS", Kw::Is},
+    {"IN", Kw::In},
+    {"UNION", Kw::Union},
+    {"PIVOT", Kw::Pivot},
+    {"TRANSFORM", Kw::Transform},
+    {"SET", Kw::Set},
+    {"VALUES", Kw::Values},
+    {"INTO", Kw::Into},
+    {"MOD", Kw::Mod},
+    {"XOR", Kw::Xor},
+    {"DISTINCT", Kw::Distinct},
+    {"DISTINCTROW", Kw::DistinctRow},
+    {"TOP", Kw::Top},
+    {"ALL", Kw::All},
+    {"INSERT", Kw::Insert},
+    {"UPDATE", Kw::Update},
+    {"DELETE", Kw::Delete},
+    {"TRUE", Kw::True},
+    {"FALSE", Kw::False},
+    {"YES", Kw::Yes},
+    {"NO", Kw::No},
+    {"NULL", Kw::Null},
 };
 
-bool isAsciiLetter(char16_t c) { return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_'; }
-bool isIdentStart(QChar c) { return c.unicode() < 0x80 ? isAsciiLetter(c.unicode()) : c.isLetter(); }
+bool isAsciiLetter(char16_t c)
+{
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || c == u'_';
+}
+bool isIdentStart(QChar c)
+{
+    return c.unicode() < 0x80 ? isAsciiLetter(c.unicode()) : c.isLetter();
+}
 bool isIdentPart(QChar c)
 {
     const char16_t u = c.unicode();
@@ -70,8 +108,9 @@ Kw keywordOf(QStringView w)
 
 [[noreturn]] void syntaxError(const QString& what, int pos)
 {
-    throw RuntimeError(RuntimeError::DatabaseError,
-                       QStringLiteral("Error de sintaxis en la instrucción SQL (%1, posición %2).").arg(what).arg(pos + 1));
+    throw RuntimeError(
+        RuntimeError::DatabaseError,
+        QStringLiteral("Error de sintaxis en la instrucción SQL (%1, posición %2).").arg(what).arg(pos + 1));
 }
 
 void tokenize(QStringView s, Tokens& out)

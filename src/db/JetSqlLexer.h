@@ -12,10 +12,50 @@ namespace db::jet {
 enum class Kw : quint8 {
     None,
     // words that end an expression or a table reference
-    Select, From, Where, Group, By, Having, Order, Asc, Desc, As, Inner, Left, Right, Outer, Join, On, And, Or, Not,
-    Like, Between, Is, In, Union, Pivot, Transform, Set, Values, Into, Mod, Xor, Distinct, DistinctRow, Top, All,
+    Select,
+    From,
+    Where,
+    Group,
+    By,
+    Having,
+    Order,
+    Asc,
+    Desc,
+    As,
+    Inner,
+    Left,
+    Right,
+    Outer,
+    Join,
+    On,
+    And,
+    Or,
+    Not,
+    Like,
+    Between,
+    Is,
+    In,
+    Union,
+    Pivot,
+    Transform,
+    Set,
+    Values,
+    Into,
+    Mod,
+    Xor,
+    Distinct,
+    DistinctRow,
+    Top,
+    All,
     // statement starts and constants, which are not reserved as names
-    Insert, Update, Delete, True, False, Yes, No, Null
+    Insert,
+    Update,
+    Delete,
+    True,
+    False,
+    Yes,
+    No,
+    Null
 };
 
 constexpr Kw kFirstUnreserved = Kw::Insert;
@@ -27,7 +67,7 @@ struct Token {
     Kw kw = Kw::None;
     bool escapedQuote = false; // a String holding doubled quotes
     QChar quote;
-    QStringView text;          // the word, the content between delimiters, the number or the operator
+    QStringView text; // the word, the content between delimiters, the number or the operator
     int pos = 0;
 };
 

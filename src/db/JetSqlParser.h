@@ -43,8 +43,8 @@ using TableRefs = QVarLengthArray<TableRef, 8>;
 // The clauses of one SELECT, kept apart so that TRANSFORM can reassemble them.
 struct Select {
     bool distinct = false;
-    bool star = false;        // an item is * or t.*
-    QString distinctGroups;   // DISTINCT as GROUP BY of the item positions, with the collation
+    bool star = false;      // an item is * or t.*
+    QString distinctGroups; // DISTINCT as GROUP BY of the item positions, with the collation
     QString top;
     int itemCount = 0;
     QString items;

@@ -374,7 +374,7 @@ Translation Parser::transform()
     if (textPivot)
         sel.groupBy += kGroupCollate;
     sel.assemble(t.sql, QStringLiteral(", ") + pivot + QLatin1String(" AS \"__pivot\", ") + value +
-                             QLatin1String(" AS \"__value\""));
+                            QLatin1String(" AS \"__value\""));
     for (const TableRef& tr : sel.tables)
         t.baseTables << tr.name.toString();
     return t;

@@ -72,9 +72,18 @@ bool isTableName(const QString& source)
 
 // ------------------------------------------------------------ Field
 
-QVariant Field::Value() const { return rs_->Value(index_); }
-void Field::setValue(const QVariant& v) { rs_->SetValue(index_, v); }
-QString Field::Name() const { return rs_->FieldName(index_); }
+QVariant Field::Value() const
+{
+    return rs_->Value(index_);
+}
+void Field::setValue(const QVariant& v)
+{
+    rs_->SetValue(index_, v);
+}
+QString Field::Name() const
+{
+    return rs_->FieldName(index_);
+}
 
 // ------------------------------------------------------------ Recordset
 
@@ -176,8 +185,8 @@ void Recordset::fetch(const Translation& t)
     sqlite3_stmt* stmt = cn_->Prepare(t.sql);
     const int n = sqlite3_column_count(stmt);
     const QString prefix = QLatin1String(JetSql::kRowidPrefix);
-    QVector<int> visible;      // statement column of each field
-    QVector<int> keyColumns;   // statement column of each base table's rowid
+    QVector<int> visible;    // statement column of each field
+    QVector<int> keyColumns; // statement column of each base table's rowid
     for (int i = 0; i < n; ++i) {
         const QString name = QString::fromUtf8(sqlite3_column_name(stmt, i));
         if (t.rowidColumns && name.startsWith(prefix)) {
@@ -323,7 +332,10 @@ QString Recordset::FieldName(int index) const
     return names_[index];
 }
 
-int Recordset::FieldIndex(const QString& name) const { return index_.value(name.toLower(), -1); }
+int Recordset::FieldIndex(const QString& name) const
+{
+    return index_.value(name.toLower(), -1);
+}
 
 int Recordset::columnIndex(const QString& name) const
 {
@@ -337,7 +349,10 @@ int Recordset::columnIndex(const QString& name) const
     return i;
 }
 
-Field Recordset::Fields(const QString& name) { return Field(this, columnIndex(name)); }
+Field Recordset::Fields(const QString& name)
+{
+    return Field(this, columnIndex(name));
+}
 
 Field Recordset::Fields(int index)
 {
@@ -347,7 +362,10 @@ Field Recordset::Fields(int index)
     return Field(this, index);
 }
 
-QVariant Recordset::Value(const QString& name) const { return Value(columnIndex(name)); }
+QVariant Recordset::Value(const QString& name) const
+{
+    return Value(columnIndex(name));
+}
 
 QVariant Recordset::Value(int index) const
 {

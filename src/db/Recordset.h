@@ -142,10 +142,10 @@ private:
     QStringList names_;
     QHash<QString, int> index_; // lower-case name -> column
     QVector<Column> columns_;
-    QStringList tables_; // writable base tables, in FROM order
+    QStringList tables_;   // writable base tables, in FROM order
     int uniqueTable_ = -1; // the first table of the FROM: the one Delete removes rows from
     Rows rows_;
-    int pos_ = 0;        // 0-based current row; -1 BOF; rows_.size() EOF
+    int pos_ = 0; // 0-based current row; -1 BOF; rows_.size() EOF
     bool onDeleted_ = false;
     EditMode editing_ = EditMode::None;
     QVector<bool> dirty_;

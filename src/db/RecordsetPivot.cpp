@@ -30,7 +30,10 @@ QString pivotHeading(const QVariant& v)
 // Headings, and the row headings of a row, that differ only in case are one,
 // as the grouping of the statement (the collation jet_nocase) made them: a
 // group's text may come spelt differently in each of its cells.
-QString sameGroup(const QString& heading) { return heading.toCaseFolded(); }
+QString sameGroup(const QString& heading)
+{
+    return heading.toCaseFolded();
+}
 
 } // namespace
 

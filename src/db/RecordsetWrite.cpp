@@ -43,8 +43,8 @@ void checkFits(const QVariant& v, int size, qint64 min, qint64 max)
                            QStringLiteral("La operación de varios pasos generó errores. Compruebe los valores de "
                                           "estado. (El texto tiene más de %1 caracteres.)")
                                .arg(size));
-    if (min != max && (v.typeId() == QMetaType::Int || v.typeId() == QMetaType::LongLong)
-        && (v.toLongLong() < min || v.toLongLong() > max))
+    if (min != max && (v.typeId() == QMetaType::Int || v.typeId() == QMetaType::LongLong) &&
+        (v.toLongLong() < min || v.toLongLong() > max))
         vb::Raise(RuntimeError::Overflow);
 }
 
@@ -91,7 +91,10 @@ void stepCommand(Connection& cn, sqlite3_stmt* stmt)
 
 } // namespace
 
-void Recordset::SetValue(const QString& name, const QVariant& value) { SetValue(columnIndex(name), value); }
+void Recordset::SetValue(const QString& name, const QVariant& value)
+{
+    SetValue(columnIndex(name), value);
+}
 
 void Recordset::SetValue(int index, const QVariant& value)
 {
@@ -285,8 +288,7 @@ void Recordset::Delete()
     if (uniqueTable_ < 0 || !rows_.keys(pos_)[uniqueTable_])
         throw RuntimeError(RuntimeError::DatabaseError,
                            QStringLiteral("No se pueden eliminar filas de este conjunto de registros."));
-    sqlite3_stmt* stmt =
-        cn_->Prepare(QStringLiteral("DELETE FROM \"%1\" WHERE rowid = ?").arg(tables_[uniqueTable_]));
+    sqlite3_stmt* stmt = cn_->Prepare(QStringLiteral("DELETE FROM \"%1\" WHERE rowid = ?").arg(tables_[uniqueTable_]));
     sqlite3_bind_int64(stmt, 1, rows_.keys(pos_)[uniqueTable_]);
     stepCommand(*cn_, stmt);
     rows_.removeAt(pos_);

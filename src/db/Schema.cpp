@@ -255,7 +255,13 @@ static void create(const QString& path, const QString& ddl)
     cn->Close();
 }
 
-void CreateYear(const QString& path) { create(path, YearDdl()); }
-void CreatePrint(const QString& path) { create(path, PrintDdl()); }
+void CreateYear(const QString& path)
+{
+    create(path, YearDdl());
+}
+void CreatePrint(const QString& path)
+{
+    create(path, PrintDdl());
+}
 
 } // namespace db::Schema

@@ -54,7 +54,10 @@ using namespace detail;
 
 namespace {
 
-QVariant arg(sqlite3_value** argv, int i) { return argumentValue(argv[i]); }
+QVariant arg(sqlite3_value** argv, int i)
+{
+    return argumentValue(argv[i]);
+}
 
 // The text of a value in a text join: numbers with the decimal comma, dates as
 // the short date.
@@ -147,8 +150,14 @@ void wholeDivision(sqlite3_context* ctx, int argc, sqlite3_value** argv)
     });
 }
 
-qint64 quotient(qint64 a, qint64 b) { return a / b; }
-qint64 remainder(qint64 a, qint64 b) { return a % b; }
+qint64 quotient(qint64 a, qint64 b)
+{
+    return a / b;
+}
+qint64 remainder(qint64 a, qint64 b)
+{
+    return a % b;
+}
 
 void jetPow(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
@@ -240,15 +249,39 @@ void unary(sqlite3_context* ctx, int, sqlite3_value** argv)
     guarded(ctx, [&] { setResult(ctx, F(arg(argv, 0))); });
 }
 
-QVariant upperCase(const QVariant& v) { return vb::UCase(v); }
-QVariant lowerCase(const QVariant& v) { return v.toString().toLower(); }
-QVariant toText(const QVariant& v) { return vb::CStr(dateFromIso(v)); }
-QVariant toInteger(const QVariant& v) { return qint64(vb::CInt(v)); }
-QVariant toLong(const QVariant& v) { return qint64(vb::CLng(v)); }
-QVariant toDouble(const QVariant& v) { return vb::CDbl(v); }
-QVariant toSingle(const QVariant& v) { return double(vb::CSng(v)); }
+QVariant upperCase(const QVariant& v)
+{
+    return vb::UCase(v);
+}
+QVariant lowerCase(const QVariant& v)
+{
+    return v.toString().toLower();
+}
+QVariant toText(const QVariant& v)
+{
+    return vb::CStr(dateFromIso(v));
+}
+QVariant toInteger(const QVariant& v)
+{
+    return qint64(vb::CInt(v));
+}
+QVariant toLong(const QVariant& v)
+{
+    return qint64(vb::CLng(v));
+}
+QVariant toDouble(const QVariant& v)
+{
+    return vb::CDbl(v);
+}
+QVariant toSingle(const QVariant& v)
+{
+    return double(vb::CSng(v));
+}
 // Int(x): the largest whole number not above x.
-QVariant wholePart(const QVariant& v) { return std::floor(vb::CDbl(v)); }
+QVariant wholePart(const QVariant& v)
+{
+    return std::floor(vb::CDbl(v));
+}
 
 void jetRound(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 {
@@ -287,7 +320,10 @@ void jetNow(sqlite3_context* ctx, int, sqlite3_value**)
     setResult(ctx, vb::Clock::now().toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")));
 }
 
-void jetDate(sqlite3_context* ctx, int, sqlite3_value**) { setResult(ctx, vb::Clock::today().toString(Qt::ISODate)); }
+void jetDate(sqlite3_context* ctx, int, sqlite3_value**)
+{
+    setResult(ctx, vb::Clock::today().toString(Qt::ISODate));
+}
 
 template <int Part>
 QVariant datePart(const QVariant& value)

@@ -196,7 +196,8 @@ QVariant columnValue(sqlite3_stmt* stmt, int col, ColumnType type, TextCache* ca
     case SQLITE_FLOAT:
         return QVariant(sqlite3_column_double(stmt, col));
     case SQLITE_BLOB:
-        return QByteArray(reinterpret_cast<const char*>(sqlite3_column_blob(stmt, col)), sqlite3_column_bytes(stmt, col));
+        return QByteArray(reinterpret_cast<const char*>(sqlite3_column_blob(stmt, col)),
+                          sqlite3_column_bytes(stmt, col));
     default:
         return textOf(stmt, col, cache);
     }

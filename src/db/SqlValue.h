@@ -27,8 +27,8 @@ ColumnType columnTypeFromDecl(const char* decl);
 struct ColumnDecl {
     QString name;
     ColumnType type = ColumnType::Any;
-    int size = 0;          // the longest text; 0: no limit
-    qint64 min = 0;        // whole numbers: the range; min == max: no limit
+    int size = 0;   // the longest text; 0: no limit
+    qint64 min = 0; // whole numbers: the range; min == max: no limit
     qint64 max = 0;
 
     bool hasRange() const { return min != max; }

@@ -1,14 +1,14 @@
 #include "masterdata/frmTareasTipos.h"
 
 #include "core/Modulo.h"
+#include "masterdata/frmTareasTiposFicha.h"
+#include "masterdata/frmTareasTiposValores.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
 #include "ui/UiFunciones.h"
 #include "vb/Vb.h"
-#include "masterdata/frmTareasTiposFicha.h"
-#include "masterdata/frmTareasTiposValores.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -163,8 +163,8 @@ void frmTareasTipos::RellenarTipos()
             for (int c = 1; c < titles.size(); ++c)
                 g.setTextMatrix(0, c, titles[c]);
             writeCells(g, rsTipos_,
-                           {QString(), QStringLiteral("Id"), QStringLiteral("Des"), QStringLiteral("Min"),
-                            QStringLiteral("Max"), QStringLiteral("Obs")});
+                       {QString(), QStringLiteral("Id"), QStringLiteral("Des"), QStringLiteral("Min"),
+                        QStringLiteral("Max"), QStringLiteral("Obs")});
             ui::stripeRows(g, 1);
             AjustarColumnas();
             g.setRow(std::clamp(fila, 1, g.Rows() - 1));
@@ -206,8 +206,7 @@ void frmTareasTipos::RellenarValores()
             g.setFixedAlignment(2, Qt::AlignLeft | Qt::AlignVCenter);
             g.setColAlignment(3, Qt::AlignCenter);
             g.setFixedAlignment(3, Qt::AlignCenter);
-            writeCells(g, rsValor_,
-                           {QStringLiteral("Id"), QString(), QStringLiteral("Aval"), QStringLiteral("Valor")});
+            writeCells(g, rsValor_, {QStringLiteral("Id"), QString(), QStringLiteral("Aval"), QStringLiteral("Valor")});
             ui::stripeRows(g, 2);
             AjustarColumnas();
             g.setRow(1);

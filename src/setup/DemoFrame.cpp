@@ -69,9 +69,7 @@ QString insertStatement(const char* name, const char* columns)
 
 } // namespace
 
-Table::Table(db::Connection& cn, const char* name, const char* columns) : insert_(cn, insertStatement(name, columns))
-{
-}
+Table::Table(db::Connection& cn, const char* name, const char* columns) : insert_(cn, insertStatement(name, columns)) {}
 
 void Table::add(std::initializer_list<QVariant> values)
 {

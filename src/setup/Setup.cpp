@@ -217,7 +217,8 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
 
     // Colours of alternate grid rows and focused fields, in the numeric print
     // form the colour screen writes; a teacher's own choice is kept.
-    for (const auto& [file, colour] : {std::pair{"color.ini", kDefaultColor}, std::pair{"color2.ini", kDefaultColor2}}) {
+    for (const auto& [file, colour] :
+         {std::pair{"color.ini", kDefaultColor}, std::pair{"color2.ini", kDefaultColor2}}) {
         const QString path = programDir + u'/' + QLatin1String(file);
         if (!QFileInfo::exists(path) && !writeConfigLine(path, QStringLiteral(" %1 ").arg(colour), error))
             return false;

@@ -1,14 +1,14 @@
 #include "students/frmAlumnos.h"
 
 #include "core/Modulo.h"
+#include "reports/viewers/frmInforme.h"
+#include "students/ConsultasAlumnos.h"
+#include "students/frmAlumnosFicha.h"
 #include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
-#include "reports/viewers/frmInforme.h"
-#include "students/ConsultasAlumnos.h"
-#include "students/frmAlumnosFicha.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -234,8 +234,8 @@ void frmAlumnos::cmdBorrar_Click()
         return;
     ui::moveRecordsetToGridRow(*mshDatos, rs_);
     // Only the student's row goes: marks, incidents and the rest stay behind.
-    if (MsgBox(QStringLiteral("Está seguro de elimiar el alumno\r\n") + fieldText(rs_, "Nom") + u' ' + fieldText(rs_, "Ape") +
-                   u'?',
+    if (MsgBox(QStringLiteral("Está seguro de elimiar el alumno\r\n") + fieldText(rs_, "Nom") + u' ' +
+                   fieldText(rs_, "Ape") + u'?',
                vbYesNo + vbInformation) != vbYes)
         return;
     gConexion->Execute(

@@ -10,20 +10,20 @@
 #include "ui/EntryConventions.h"
 #include "ui/MaskEdit.h"
 
-#include <QDir>
-#include <QStandardPaths>
-#include <QImageReader>
 #include <QComboBox>
+#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QImageReader>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPixmap>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTabWidget>
 #include <QVBoxLayout>
 

@@ -142,7 +142,7 @@ private:
     qint32 id_ = 0;
     db::Recordset* rcAlumnos_ = nullptr;
     db::Recordset rsAlumno_; // the student's row, loaded and saved
-    TextKeyCombo grupos_;   // cmbGrupo over the groups of the year
+    TextKeyCombo grupos_;    // cmbGrupo over the groups of the year
     QString apeNomAnterior_; // Ape and Nom run together, as loaded
     QString rutaFoto_;
 };

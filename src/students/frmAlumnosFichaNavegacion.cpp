@@ -3,8 +3,8 @@
 #include "students/frmAlumnosFicha.h"
 
 #include "core/Modulo.h"
-#include "vb/Vb.h"
 #include "students/frmAtopar.h"
+#include "vb/Vb.h"
 
 #include <QLineEdit>
 

@@ -1,10 +1,10 @@
 #include "students/frmAtopar.h"
 
 #include "core/Modulo.h"
+#include "students/ConsultasAlumnos.h"
 #include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
-#include "students/ConsultasAlumnos.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>

@@ -138,17 +138,19 @@ void frmComunicacionRecibir::CargarNiveis()
 void frmComunicacionRecibir::CargarCursos(const QVariant& idNivel)
 {
     fillCombo(cmbCursos, rsCursos_,
-          idNivel.isValid() ? QStringLiteral("SELECT Id, Des FROM tblCursos WHERE tblCursos.IdNivel = %1 ORDER BY Id")
-                                  .arg(idNivel.toString())
-                            : QString());
+              idNivel.isValid()
+                  ? QStringLiteral("SELECT Id, Des FROM tblCursos WHERE tblCursos.IdNivel = %1 ORDER BY Id")
+                        .arg(idNivel.toString())
+                  : QString());
 }
 
 void frmComunicacionRecibir::CargarGrupos(const QVariant& idCurso)
 {
     fillCombo(cmbGrupos, rsGrupos_,
-          idCurso.isValid() ? QStringLiteral("SELECT Id, Des FROM tblGrupos WHERE tblGrupos.IdCurso = %1 ORDER BY Id")
-                                  .arg(idCurso.toString())
-                            : QString());
+              idCurso.isValid()
+                  ? QStringLiteral("SELECT Id, Des FROM tblGrupos WHERE tblGrupos.IdCurso = %1 ORDER BY Id")
+                        .arg(idCurso.toString())
+                  : QString());
 }
 
 // A choice that names no row ("Sin Datos") leaves the boxes below as they are.

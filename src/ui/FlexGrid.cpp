@@ -4,13 +4,13 @@
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
 
-#include <QStyleOptionViewItem>
-#include <QHelpEvent>
-#include <QToolTip>
 #include <QAbstractTableModel>
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStyleOptionViewItem>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -53,7 +53,8 @@ public:
 
     // The first row (Qt::Vertical) or column leaves the body for its header,
     // or comes back from it, while `change` sets the grid's fixed count.
-    template <typename Change> void moveFirst(Qt::Orientation orientation, bool toHeader, Change change)
+    template <typename Change>
+    void moveFirst(Qt::Orientation orientation, bool toHeader, Change change)
     {
         const bool rows = orientation == Qt::Vertical;
         if (toHeader)

@@ -146,7 +146,7 @@ private:
     // writes numbers, not colours.
     struct Format {
         std::optional<Qt::Alignment> alignment; // none: the column's, else left
-        QColor back;                           // invalid: none of its own
+        QColor back;                            // invalid: none of its own
         QColor fore;
         int bold = -1; // -1: the grid's font
         qreal points = 0;
@@ -172,7 +172,8 @@ private:
     int internFormat(const Format& format);
     // Gives a cell the format its own changed by `change`; `memo` carries the
     // last format changed and its result across a burst of calls.
-    template <typename Change> void changeFormat(int row, int col, Change change, std::pair<int, int>* memo = nullptr)
+    template <typename Change>
+    void changeFormat(int row, int col, Change change, std::pair<int, int>* memo = nullptr)
     {
         int& format = lines_[row][col].format;
         if (memo && memo->first == format) {

@@ -14,7 +14,8 @@ void FlexGrid::setColAlignment(int col, Qt::Alignment alignment)
     std::pair<int, int> memo{-1, -1};
     for (int r = fixedRows_; anyOwn && col >= fixedCols_ && r < Rows(); ++r)
         if (formatOf(r, col).alignment)
-            changeFormat(r, col, [](Format& f) { f.alignment.reset(); }, &memo);
+            changeFormat(
+                r, col, [](Format& f) { f.alignment.reset(); }, &memo);
     announce(fixedRows_, col, Rows() - 1, col);
 }
 
@@ -71,7 +72,8 @@ void FlexGrid::setRangeBackColor(int row1, int col1, int row2, int col2, const Q
     std::pair<int, int> memo{-1, -1};
     for (int r = r1; r <= r2; ++r)
         for (int c = c1; c <= c2; ++c)
-            changeFormat(r, c, [&](Format& f) { f.back = color; }, &memo);
+            changeFormat(
+                r, c, [&](Format& f) { f.back = color; }, &memo);
     announce(r1, c1, r2, c2);
 }
 

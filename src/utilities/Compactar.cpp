@@ -2,9 +2,9 @@
 
 #include "core/Modulo.h"
 #include "ui/MsgBox.h"
+#include "utilities/DatabaseCopy.h"
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
-#include "utilities/DatabaseCopy.h"
 
 #include <QDir>
 #include <QFile>

@@ -18,15 +18,17 @@ public:
         PathNotFound = 76,
         InvalidUseOfNull = 94,
         InputPastEndOfFile = 62,
-        BadArguments = 3001,      // argument of the wrong type or out of range
-        ItemNotFound = 3265,      // no field of that name
-        ObjectClosed = 3704,      // operation on a closed object
-        NoCurrentRecord = 3021,   // BOF or EOF is true, or the record was deleted
+        BadArguments = 3001,        // argument of the wrong type or out of range
+        ItemNotFound = 3265,        // no field of that name
+        ObjectClosed = 3704,        // operation on a closed object
+        NoCurrentRecord = 3021,     // BOF or EOF is true, or the record was deleted
         DatabaseError = -2147467259 // the provider's generic failure (0x80004005)
     };
 
     RuntimeError(int number, const QString& description)
-        : std::runtime_error(description.toStdString()), number_(number), description_(description) {}
+        : std::runtime_error(description.toStdString()), number_(number), description_(description)
+    {
+    }
 
     int Number() const { return number_; }
     const QString& Description() const { return description_; }

@@ -21,7 +21,8 @@ namespace {
 
 enum class Kind { Null, Bool, Integer, Single, Double, Text, Date, Time, DateTime, Other };
 
-Kind kindOf(const QVariant& v) {
+Kind kindOf(const QVariant& v)
+{
     if (!v.isValid())
         return Kind::Null;
     switch (v.typeId()) {
@@ -58,7 +59,10 @@ Kind kindOf(const QVariant& v) {
     }
 }
 
-bool isDateKind(Kind k) { return k == Kind::Date || k == Kind::Time || k == Kind::DateTime; }
+bool isDateKind(Kind k)
+{
+    return k == Kind::Date || k == Kind::Time || k == Kind::DateTime;
+}
 
 // ---- Dates as the runtime counts them: days since 30/12/1899, the time as the fraction
 
@@ -71,7 +75,8 @@ struct Moment {
 
 const QDate kZeroDate(1899, 12, 30);
 
-Moment momentOfValue(const QVariant& v) {
+Moment momentOfValue(const QVariant& v)
+{
     switch (kindOf(v)) {
     case Kind::Date:
         return {v.toDate(), QTime(0, 0)};
@@ -84,14 +89,16 @@ Moment momentOfValue(const QVariant& v) {
     }
 }
 
-double serialOf(const Moment& m) {
+double serialOf(const Moment& m)
+{
     const auto days = static_cast<double>(kZeroDate.daysTo(m.date));
     const double fraction = m.time.msecsSinceStartOfDay() / 86400000.0;
     // Before the zero date the fraction still counts forward: -1,25 is 29/12/1899 06:00.
     return days < 0 ? days - fraction : days + fraction;
 }
 
-Moment momentOfSerial(double serial) {
+Moment momentOfSerial(double serial)
+{
     // The runtime's calendar runs from 01/01/0100 to 31/12/9999.
     if (!(serial > -657435.0 && serial < 2958466.0))
         Raise(RuntimeError::Overflow);
@@ -106,12 +113,14 @@ Moment momentOfSerial(double serial) {
 
 // ---- Text of dates and times
 
-QDate validDate(int year, int month, int day) {
+QDate validDate(int year, int month, int day)
+{
     const QDate date(year, month, day);
     return date.isValid() && year >= 100 ? date : QDate();
 }
 
-QDate dateFromText(const QString& s) {
+QDate dateFromText(const QString& s)
+{
     static const QRegularExpression dayFirst(QStringLiteral(R"(^(\d{1,2})([/-])(\d{1,2})\2(\d{4})$)"));
     static const QRegularExpression yearFirst(QStringLiteral(R"(^(\d{4})([/-])(\d{1,2})\2(\d{1,2})$)"));
     if (const auto m = dayFirst.match(s); m.hasMatch())
@@ -121,7 +130,8 @@ QDate dateFromText(const QString& s) {
     return {};
 }
 
-QTime timeFromText(const QString& s) {
+QTime timeFromText(const QString& s)
+{
     static const QRegularExpression clock(QStringLiteral(R"(^(\d{1,2}):(\d{2})(?::(\d{2}))?$)"));
     const auto m = clock.match(s);
     if (!m.hasMatch())
@@ -130,7 +140,8 @@ QTime timeFromText(const QString& s) {
 }
 
 // QDate, QTime or QDateTime for a text the runtime reads as a date; Null otherwise.
-QVariant dateTimeFromText(const QString& text) {
+QVariant dateTimeFromText(const QString& text)
+{
     const QString s = text.trimmed();
     if (const QDate d = dateFromText(s); d.isValid())
         return d;
@@ -148,12 +159,16 @@ QVariant dateTimeFromText(const QString& text) {
 
 // ---- Text of numbers
 
-bool isAsciiDigit(const QString& s, qsizetype i) { return i >= 0 && i < s.size() && s[i] >= u'0' && s[i] <= u'9'; }
+bool isAsciiDigit(const QString& s, qsizetype i)
+{
+    return i >= 0 && i < s.size() && s[i] >= u'0' && s[i] <= u'9';
+}
 
 // A number in the Spanish locale rewritten as plain ASCII ("1.234,5" -> "1234.5"),
 // or nothing when the text is not a number. The point only groups thousands and
 // so must stand between two digits of the integer part.
-std::optional<std::string> numberText(const QString& text) {
+std::optional<std::string> numberText(const QString& text)
+{
     const QString s = text.trimmed();
     std::string out;
     qsizetype i = 0;
@@ -194,7 +209,8 @@ std::optional<std::string> numberText(const QString& text) {
 }
 
 template <typename T>
-T parseBinary(const std::string& text) {
+T parseBinary(const std::string& text)
+{
     T value{};
     const auto [end, ec] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (ec == std::errc::result_out_of_range)
@@ -202,7 +218,8 @@ T parseBinary(const std::string& text) {
     return value;
 }
 
-std::string numberTextOf(const QVariant& v) {
+std::string numberTextOf(const QVariant& v)
+{
     const auto text = numberText(v.toString());
     if (!text)
         Raise(RuntimeError::TypeMismatch);
@@ -212,7 +229,8 @@ std::string numberTextOf(const QVariant& v) {
 // Text of a binary number with at most `precision` significant digits, the way
 // the runtime prints it: "0,3333333", "12", "1E+08", "1,5E-05".
 template <typename T>
-QString significantText(T x, int precision) {
+QString significantText(T x, int precision)
+{
     if (x == 0)
         return QStringLiteral("0");
     std::array<char, 64> buf{};
@@ -233,10 +251,14 @@ struct Decimal {
 
 enum class Tie { ToEven, AwayFromZero };
 
-bool isZero(const Decimal& d) { return d.digits.find_first_not_of('0') == std::string::npos; }
+bool isZero(const Decimal& d)
+{
+    return d.digits.find_first_not_of('0') == std::string::npos;
+}
 
 // Reads the text std::to_chars writes: "-8.125", "1e+22", "1.5e-05".
-Decimal decimalFromText(std::string_view text) {
+Decimal decimalFromText(std::string_view text)
+{
     Decimal d;
     std::string digits;
     int pointPos = 0;
@@ -269,13 +291,15 @@ Decimal decimalFromText(std::string_view text) {
 // The shortest text that reads back as x: 8.125 stays 8.125 and 2.675f stays
 // 2.675, though neither is exact in binary.
 template <typename T>
-Decimal shortestDecimal(T x) {
+Decimal shortestDecimal(T x)
+{
     std::array<char, 64> buf{};
     const auto [end, ec] = std::to_chars(buf.data(), buf.data() + buf.size(), x);
     return decimalFromText(std::string_view(buf.data(), end - buf.data()));
 }
 
-void incrementLastDigit(Decimal& d) {
+void incrementLastDigit(Decimal& d)
+{
     auto i = static_cast<int>(d.digits.size()) - 1;
     for (; i >= 0 && d.digits[i] == '9'; --i)
         d.digits[i] = '0';
@@ -287,7 +311,8 @@ void incrementLastDigit(Decimal& d) {
     }
 }
 
-Decimal roundDecimal(Decimal d, int decimals, Tie tie) {
+Decimal roundDecimal(Decimal d, int decimals, Tie tie)
+{
     const int keep = d.pointPos + decimals; // digits that stay
     if (keep >= static_cast<int>(d.digits.size()))
         return d;
@@ -304,7 +329,8 @@ Decimal roundDecimal(Decimal d, int decimals, Tie tie) {
 }
 
 template <typename T>
-T binaryOf(const Decimal& d) {
+T binaryOf(const Decimal& d)
+{
     if (isZero(d))
         return T(0);
     std::string text = d.negative ? "-" : "";
@@ -312,18 +338,21 @@ T binaryOf(const Decimal& d) {
     return parseBinary<T>(text);
 }
 
-char digitAt(const Decimal& d, int index) {
+char digitAt(const Decimal& d, int index)
+{
     return index >= 0 && index < static_cast<int>(d.digits.size()) ? d.digits[index] : '0';
 }
 
-QString integerDigits(const Decimal& d) {
+QString integerDigits(const Decimal& d)
+{
     QString out;
     for (int i = 0; i < d.pointPos; ++i)
         out += QLatin1Char(digitAt(d, i));
     return out;
 }
 
-QString fractionDigits(const Decimal& d, int count) {
+QString fractionDigits(const Decimal& d, int count)
+{
     QString out;
     for (int i = 0; i < count; ++i)
         out += QLatin1Char(digitAt(d, d.pointPos + i));
@@ -331,7 +360,8 @@ QString fractionDigits(const Decimal& d, int count) {
 }
 
 template <typename T>
-T roundAsWritten(T x, int digits) {
+T roundAsWritten(T x, int digits)
+{
     if (digits < 0)
         Raise(RuntimeError::InvalidProcedureCall);
     if (!std::isfinite(x))
@@ -339,13 +369,15 @@ T roundAsWritten(T x, int digits) {
     return binaryOf<T>(roundDecimal(shortestDecimal(x), digits, Tie::ToEven));
 }
 
-double roundHalfEven(double x) {
+double roundHalfEven(double x)
+{
     const double r = std::round(x); // ties away from zero
     return std::abs(r - x) == 0.5 ? 2.0 * std::round(x / 2.0) : r;
 }
 
 template <typename T>
-T toInteger(const QVariant& v) {
+T toInteger(const QVariant& v)
+{
     const double r = roundHalfEven(CDbl(v));
     if (!(r >= std::numeric_limits<T>::min() && r <= std::numeric_limits<T>::max()))
         Raise(RuntimeError::Overflow);
@@ -364,7 +396,8 @@ struct NumberPattern {
     bool grouping = false;
 };
 
-NumberPattern parseNumberPattern(const QString& fmt) {
+NumberPattern parseNumberPattern(const QString& fmt)
+{
     NumberPattern p;
     const auto isPlaceholder = [](QChar c) { return c == u'#' || c == u'0'; };
     qsizetype i = 0;
@@ -386,13 +419,15 @@ NumberPattern parseNumberPattern(const QString& fmt) {
     return p;
 }
 
-QString groupThousands(QString digits) {
+QString groupThousands(QString digits)
+{
     for (qsizetype k = digits.size() - 3; k > 0; k -= 3)
         digits.insert(k, u'.');
     return digits;
 }
 
-QString formatDecimal(const Decimal& value, const NumberPattern& p) {
+QString formatDecimal(const Decimal& value, const NumberPattern& p)
+{
     const Decimal r = roundDecimal(value, p.maxDecimals, Tie::AwayFromZero);
     QString integer = integerDigits(r);
     if (integer.size() < p.minInteger)
@@ -410,7 +445,8 @@ QString formatDecimal(const Decimal& value, const NumberPattern& p) {
     return text + p.suffix;
 }
 
-QString formatNumber(const QVariant& v, Kind k, const QString& fmt) {
+QString formatNumber(const QVariant& v, Kind k, const QString& fmt)
+{
     if (k == Kind::Text && !IsNumeric(v))
         return v.toString(); // the runtime shows such text as it is
     // A Single is rounded on its own shortest digits, not on those of its Double.
@@ -426,7 +462,8 @@ struct Token {
     QString literal;
 };
 
-std::vector<Token> tokenize(const QString& fmt) {
+std::vector<Token> tokenize(const QString& fmt)
+{
     std::vector<Token> tokens;
     for (qsizetype i = 0; i < fmt.size();) {
         const QChar c = fmt[i].toLower();
@@ -452,12 +489,14 @@ std::vector<Token> tokenize(const QString& fmt) {
     return tokens;
 }
 
-bool hasDateTokens(const std::vector<Token>& tokens) {
+bool hasDateTokens(const std::vector<Token>& tokens)
+{
     return std::any_of(tokens.begin(), tokens.end(), [](const Token& t) { return !t.letter.isNull(); });
 }
 
 // "m" is the minute right after an hour or right before seconds, the month otherwise.
-bool isMinute(const std::vector<Token>& tokens, size_t at) {
+bool isMinute(const std::vector<Token>& tokens, size_t at)
+{
     for (size_t i = at; i-- > 0;)
         if (!tokens[i].letter.isNull()) {
             if (tokens[i].letter == u'h')
@@ -470,11 +509,18 @@ bool isMinute(const std::vector<Token>& tokens, size_t at) {
     return false;
 }
 
-QString twoDigits(int n) { return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0')); }
+QString twoDigits(int n)
+{
+    return QStringLiteral("%1").arg(n, 2, 10, QLatin1Char('0'));
+}
 
-QString oneOrTwo(int n, int count) { return count == 1 ? QString::number(n) : twoDigits(n); }
+QString oneOrTwo(int n, int count)
+{
+    return count == 1 ? QString::number(n) : twoDigits(n);
+}
 
-QString renderDay(const QDate& d, int count) {
+QString renderDay(const QDate& d, int count)
+{
     switch (count) {
     case 1:
     case 2:
@@ -488,19 +534,22 @@ QString renderDay(const QDate& d, int count) {
     }
 }
 
-QString renderMonth(const QDate& d, int count) {
+QString renderMonth(const QDate& d, int count)
+{
     if (count <= 2)
         return oneOrTwo(d.month(), count);
     return count == 3 ? MonthName(d.month()).left(3) : MonthName(d.month());
 }
 
-QString renderYear(const QDate& d, int count) {
+QString renderYear(const QDate& d, int count)
+{
     if (count == 1)
         return QString::number(d.dayOfYear());
     return count == 2 ? twoDigits(d.year() % 100) : QString::number(d.year());
 }
 
-QString renderToken(const Token& t, const Moment& m, bool minute) {
+QString renderToken(const Token& t, const Moment& m, bool minute)
+{
     switch (t.letter.unicode()) {
     case u'd':
         return renderDay(m.date, t.count);
@@ -519,7 +568,8 @@ QString renderToken(const Token& t, const Moment& m, bool minute) {
     }
 }
 
-std::optional<Moment> momentForFormat(const QVariant& v, Kind k) {
+std::optional<Moment> momentForFormat(const QVariant& v, Kind k)
+{
     if (isDateKind(k))
         return momentOfValue(v);
     if (k == Kind::Text) {
@@ -532,7 +582,8 @@ std::optional<Moment> momentForFormat(const QVariant& v, Kind k) {
     return momentOfSerial(CDbl(v));
 }
 
-QString formatDate(const QVariant& v, Kind k, const std::vector<Token>& tokens) {
+QString formatDate(const QVariant& v, Kind k, const std::vector<Token>& tokens)
+{
     const auto moment = momentForFormat(v, k);
     if (!moment)
         return v.toString(); // text that is no date is shown as it is
@@ -546,7 +597,8 @@ QString formatDate(const QVariant& v, Kind k, const std::vector<Token>& tokens) 
 
 // ---- Errors
 
-QString ErrorText(int number) {
+QString ErrorText(int number)
+{
     switch (number) {
     case RuntimeError::InvalidProcedureCall:
         return QStringLiteral("Llamada a procedimiento o argumento no válidos");
@@ -563,11 +615,15 @@ QString ErrorText(int number) {
     }
 }
 
-void Raise(int number) { throw RuntimeError(number, ErrorText(number)); }
+void Raise(int number)
+{
+    throw RuntimeError(number, ErrorText(number));
+}
 
 // ---- Numbers
 
-bool IsNumeric(const QVariant& v) {
+bool IsNumeric(const QVariant& v)
+{
     switch (kindOf(v)) {
     case Kind::Bool:
     case Kind::Integer:
@@ -581,7 +637,8 @@ bool IsNumeric(const QVariant& v) {
     }
 }
 
-double CDbl(const QVariant& v) {
+double CDbl(const QVariant& v)
+{
     const Kind k = kindOf(v);
     switch (k) {
     case Kind::Null:
@@ -601,7 +658,8 @@ double CDbl(const QVariant& v) {
     }
 }
 
-float CSng(const QVariant& v) {
+float CSng(const QVariant& v)
+{
     switch (kindOf(v)) {
     case Kind::Single:
         return v.toFloat();
@@ -616,11 +674,21 @@ float CSng(const QVariant& v) {
     }
 }
 
-qint16 CInt(const QVariant& v) { return toInteger<qint16>(v); }
-qint32 CLng(const QVariant& v) { return toInteger<qint32>(v); }
-quint8 CByte(const QVariant& v) { return toInteger<quint8>(v); }
+qint16 CInt(const QVariant& v)
+{
+    return toInteger<qint16>(v);
+}
+qint32 CLng(const QVariant& v)
+{
+    return toInteger<qint32>(v);
+}
+quint8 CByte(const QVariant& v)
+{
+    return toInteger<quint8>(v);
+}
 
-QString CStr(const QVariant& v) {
+QString CStr(const QVariant& v)
+{
     switch (kindOf(v)) {
     case Kind::Null:
         Raise(RuntimeError::InvalidUseOfNull);
@@ -648,7 +716,8 @@ QString CStr(const QVariant& v) {
     }
 }
 
-QString Format(const QVariant& v, const QString& fmt) {
+QString Format(const QVariant& v, const QString& fmt)
+{
     const Kind k = kindOf(v);
     if (k == Kind::Null || (k == Kind::Text && v.toString().isEmpty()))
         return {};
@@ -658,12 +727,19 @@ QString Format(const QVariant& v, const QString& fmt) {
     return hasDateTokens(tokens) ? formatDate(v, k, tokens) : formatNumber(v, k, fmt);
 }
 
-double Round(double x, int digits) { return roundAsWritten(x, digits); }
-float Round(float x, int digits) { return roundAsWritten(x, digits); }
+double Round(double x, int digits)
+{
+    return roundAsWritten(x, digits);
+}
+float Round(float x, int digits)
+{
+    return roundAsWritten(x, digits);
+}
 
 // ---- Dates
 
-bool IsDate(const QVariant& v) {
+bool IsDate(const QVariant& v)
+{
     switch (kindOf(v)) {
     case Kind::Date:
         return v.toDate().isValid();
@@ -678,7 +754,8 @@ bool IsDate(const QVariant& v) {
     }
 }
 
-QVariant CDate(const QVariant& v) {
+QVariant CDate(const QVariant& v)
+{
     const Kind k = kindOf(v);
     if (k == Kind::Null)
         Raise(RuntimeError::InvalidUseOfNull);
@@ -697,20 +774,23 @@ QVariant CDate(const QVariant& v) {
     Raise(RuntimeError::TypeMismatch);
 }
 
-int Weekday(const QDate& d) {
+int Weekday(const QDate& d)
+{
     if (!d.isValid())
         Raise(RuntimeError::InvalidProcedureCall);
     return d.dayOfWeek();
 }
 
-QString WeekdayName(const QDate& d) {
+QString WeekdayName(const QDate& d)
+{
     static const std::array<QString, 7> names = {
         QStringLiteral("lunes"),   QStringLiteral("martes"), QStringLiteral("miércoles"), QStringLiteral("jueves"),
         QStringLiteral("viernes"), QStringLiteral("sábado"), QStringLiteral("domingo")};
     return names[Weekday(d) - 1];
 }
 
-QString MonthName(int month) {
+QString MonthName(int month)
+{
     static const std::array<QString, 12> names = {
         QStringLiteral("enero"),   QStringLiteral("febrero"),   QStringLiteral("marzo"),
         QStringLiteral("abril"),   QStringLiteral("mayo"),      QStringLiteral("junio"),
@@ -721,6 +801,9 @@ QString MonthName(int month) {
     return names[month - 1];
 }
 
-QString UCase(const QVariant& v) { return IsNull(v) ? QString() : CStr(v).toUpper(); }
+QString UCase(const QVariant& v)
+{
+    return IsNull(v) ? QString() : CStr(v).toUpper();
+}
 
 } // namespace vb

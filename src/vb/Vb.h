@@ -20,7 +20,10 @@ QString ErrorText(int number);
 // Throws RuntimeError(number, ErrorText(number)).
 [[noreturn]] void Raise(int number);
 
-inline bool IsNull(const QVariant& v) { return !v.isValid(); }
+inline bool IsNull(const QVariant& v)
+{
+    return !v.isValid();
+}
 
 // Numbers, Booleans and text that reads as a number in the Spanish locale:
 // "12,5" and "12.5" (= 125) are numeric, "1,2,3", "" and Null are not.
@@ -44,7 +47,8 @@ QString Format(const QVariant& v, const QString& fmt = QString());
 double Round(double x, int digits = 0);
 float Round(float x, int digits = 0);
 template <std::integral T>
-double Round(T x, int digits = 0) {
+double Round(T x, int digits = 0)
+{
     return Round(static_cast<double>(x), digits);
 }
 

@@ -1,9 +1,9 @@
 // The configuration hub: its six buttons, the printer lists filled on
 // activation, and imp.ini written on every way of closing.
+#include "app/frmConfiguracion.h"
+#include "core/Modulo.h"
 #include "support/ModalDriver.h"
 #include "support/TempInstall.h"
-#include "core/Modulo.h"
-#include "app/frmConfiguracion.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
 #include "ui/RuntimeErrorBox.h"

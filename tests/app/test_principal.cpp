@@ -1,10 +1,10 @@
 // The start routine and the main window: caption, bands, buttons, menu, the
 // entries that do nothing, the forms they open and the shut-down question.
+#include "app/Main.h"
+#include "app/frmPrincipal.h"
+#include "core/Modulo.h"
 #include "support/ModalDriver.h"
 #include "support/TempInstall.h"
-#include "app/Main.h"
-#include "core/Modulo.h"
-#include "app/frmPrincipal.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
 #include "ui/RuntimeErrorBox.h"

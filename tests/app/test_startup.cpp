@@ -23,9 +23,10 @@ class TestDisplay {
 public:
     TestDisplay()
     {
-        server_.start(QStringLiteral("Xvfb"), {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                                               QStringLiteral("0"), QStringLiteral("1024x768x24"), QStringLiteral("-nolisten"),
-                                               QStringLiteral("tcp")});
+        server_.start(QStringLiteral("Xvfb"),
+                      {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
+                       QStringLiteral("0"), QStringLiteral("1024x768x24"), QStringLiteral("-nolisten"),
+                       QStringLiteral("tcp")});
         const QDeadlineTimer deadline(20000);
         QByteArray out;
         while (!deadline.hasExpired() && !out.contains('\n') && server_.state() != QProcess::NotRunning) {
@@ -49,9 +50,10 @@ public:
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert(QStringLiteral("DISPLAY"), name_);
         tool.setProcessEnvironment(env);
-        tool.start(QStringLiteral("xdotool"), {QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--name"),
-                                               u'^' + title + u'$', QStringLiteral("windowfocus"), QStringLiteral("--sync"),
-                                               QStringLiteral("key"), QStringLiteral("Return")});
+        tool.start(QStringLiteral("xdotool"),
+                   {QStringLiteral("search"), QStringLiteral("--sync"), QStringLiteral("--name"), u'^' + title + u'$',
+                    QStringLiteral("windowfocus"), QStringLiteral("--sync"), QStringLiteral("key"),
+                    QStringLiteral("Return")});
         tool.waitForFinished(20000);
     }
 

@@ -1,19 +1,19 @@
 // The marking grid of a task on the sample year: the rows and the band
 // colour of column 0, the band counts with their edge cases, changing and
 // deleting a mark, sorting by a title, and the screens opened from it.
-#include "support/ModalForm.h"
-#include "support/ScreenHarness.h"
-#include "support/YearQueries.h"
-#include "support/GridText.h"
-#include "support/ReportFixture.h"
 #include "assessment/Bandas.h"
 #include "assessment/frmEvaluar.h"
-#include "marks/frmEvaluarNota.h"
 #include "core/Modulo.h"
-#include "ui/Colors.h"
+#include "marks/frmEvaluarNota.h"
 #include "reports/engine/ReportDocument.h"
 #include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnosFicha.h"
+#include "support/GridText.h"
+#include "support/ModalForm.h"
+#include "support/ReportFixture.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
+#include "ui/Colors.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -386,7 +386,8 @@ private slots:
     {
         const QString style = reports::ReportDocument::houseStyle();
         for (int b = 0; b < bandas::Count; ++b) {
-            const QString rule = QStringLiteral("td.band%1 { background-color: %2;").arg(bandas::nome(b), bandas::color(b).name());
+            const QString rule =
+                QStringLiteral("td.band%1 { background-color: %2;").arg(bandas::nome(b), bandas::color(b).name());
             QVERIFY2(style.contains(rule), qPrintable(rule));
         }
         QCOMPARE(bandas::color(bandas::BE).name(), QStringLiteral("#6d80e2")); // blue on screen and on paper

@@ -1,11 +1,11 @@
 // The task sheet on a temporary year: a new task and an edited one, the
 // seven checks in their order, the optional dates, and the combos resolved
 // by their texts.
-#include "support/YearQueries.h"
-#include "support/GridText.h"
-#include "support/ScreenHarness.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
+#include "support/GridText.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "ui/MaskEdit.h"
 
 #include <QCheckBox>

@@ -1,14 +1,14 @@
 // The task list on a temporary year: the grid and its count, the sixteen
 // filters with their rows, "Pendientes" that waits for the next filter, the
 // delete with its warning, and the screens opened from a row.
-#include "support/ModalForm.h"
-#include "support/YearQueries.h"
-#include "support/GridText.h"
-#include "support/ScreenHarness.h"
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareas.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
+#include "support/GridText.h"
+#include "support/ModalForm.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "ui/Colors.h"
 #include "ui/MaskEdit.h"
 

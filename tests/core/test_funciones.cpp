@@ -1,10 +1,10 @@
 // The shared record functions, on a seeded year opened as the session.
-#include "support/SessionYear.h"
-#include "support/YearQueries.h"
 #include "core/Funciones.h"
 #include "core/MesALetra.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "support/SessionYear.h"
+#include "support/YearQueries.h"
 #include "vb/Clock.h"
 #include "vb/RuntimeError.h"
 
@@ -93,7 +93,8 @@ private slots:
 
     void borrarRegistroWithAnEmptyValueFails()
     {
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, BorrarRegistro(QStringLiteral("tblNotas"), QStringLiteral("Id"), QString()));
+        QVERIFY_THROWS_EXCEPTION(RuntimeError,
+                                 BorrarRegistro(QStringLiteral("tblNotas"), QStringLiteral("Id"), QString()));
         QCOMPARE(yearq::rowCount(QStringLiteral("SELECT * FROM tblNotas")), 17);
     }
 
@@ -107,8 +108,8 @@ private slots:
 
     void pesoTipoTareaTakesTheFirstOfTwoRows()
     {
-        gConexion->ExecuteNative(QStringLiteral(
-            "INSERT INTO tblTareasTiposValor (Id, IdTareaTip, IdEval, IdMat, IdGrupo, Valor) VALUES (8, 1, 1, 1, 1, 99)"));
+        gConexion->ExecuteNative(QStringLiteral("INSERT INTO tblTareasTiposValor (Id, IdTareaTip, IdEval, IdMat, "
+                                                "IdGrupo, Valor) VALUES (8, 1, 1, 1, 1, 99)"));
         QCOMPARE(PesoTipoTarea(1, 1, 1, 1), 60.0f);
     }
 
@@ -131,9 +132,10 @@ private slots:
     // the sessions of the second day now stand under the next day.
     void sessionsKeepPointingAtPositionsWhenADayGoes()
     {
-        gConexion->ExecuteNative(QStringLiteral("INSERT INTO tblHorarioDias (Id, Des, Orden) VALUES (3, 'Mércores', 3);"
-                                                "INSERT INTO tblHorarioSesiones (Id, OrdenDia, OrdenHora, IdMat, IdGru, "
-                                                "Des, Color) VALUES (7, 3, 1, 2, 2, 'Mates mércores', 0)"));
+        gConexion->ExecuteNative(
+            QStringLiteral("INSERT INTO tblHorarioDias (Id, Des, Orden) VALUES (3, 'Mércores', 3);"
+                           "INSERT INTO tblHorarioSesiones (Id, OrdenDia, OrdenHora, IdMat, IdGru, "
+                           "Des, Color) VALUES (7, 3, 1, 2, 2, 'Mates mércores', 0)"));
         gConexion->Execute(QStringLiteral("DELETE * FROM tblHorarioDias WHERE Id = 1"));
         RenumerarOrden(QStringLiteral("tblHorarioDias"));
         const QString dayOfSession =
@@ -156,16 +158,16 @@ private slots:
     void aStudentOfADeletedGroupStaysInTheLeftJoinListOnly()
     {
         const QString label = QStringLiteral("[tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' ' & [tblGrupos]![Des]");
-        QString left = QStringLiteral(
-                                 "SELECT tblAlumnos.Id, %1 AS DesGrupo FROM ((tblAlumnos LEFT JOIN tblGrupos ON "
-                                 "tblAlumnos.Grupo = tblGrupos.Id) LEFT JOIN tblCursos ON tblGrupos.IdCurso = "
-                                 "tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel = tblNiveles.Id WHERE "
-                                 "tblAlumnos.Id = 8")
-                                 .arg(label);
+        QString left = QStringLiteral("SELECT tblAlumnos.Id, %1 AS DesGrupo FROM ((tblAlumnos LEFT JOIN tblGrupos ON "
+                                      "tblAlumnos.Grupo = tblGrupos.Id) LEFT JOIN tblCursos ON tblGrupos.IdCurso = "
+                                      "tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel = tblNiveles.Id WHERE "
+                                      "tblAlumnos.Id = 8")
+                           .arg(label);
         QCOMPARE(yearq::rowCount(left), 1);
         QCOMPARE(value(left.replace(QStringLiteral("tblAlumnos.Id, "), QString())).toString().trimmed(), QString());
-        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = "
-                                      "tblGrupos.Id WHERE tblAlumnos.Id = 8")),
+        QCOMPARE(yearq::rowCount(
+                     QStringLiteral("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = "
+                                    "tblGrupos.Id WHERE tblAlumnos.Id = 8")),
                  0);
     }
 
@@ -186,7 +188,8 @@ private slots:
                                  gConexion->Execute(QStringLiteral(
                                      "UPDATE tblNotas SET tblNotas.Nota = 5, tblNotas.Obs = 'Traballo d'equipo' WHERE "
                                      "tblNotas.IdTarea=1 AND tblNotas.IdAlu=1")));
-        QCOMPARE(value(QStringLiteral("SELECT Obs FROM tblNotas WHERE Id = 1")).toString(), QStringLiteral("Buen trabajo"));
+        QCOMPARE(value(QStringLiteral("SELECT Obs FROM tblNotas WHERE Id = 1")).toString(),
+                 QStringLiteral("Buen trabajo"));
         QCOMPARE(value(QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 1")).toDouble(), 7.5);
     }
 };

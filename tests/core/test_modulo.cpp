@@ -1,8 +1,8 @@
 // The configuration readers and the opening of the session.
-#include "support/RuntimeErrors.h"
-#include "support/TempYear.h"
 #include "core/Modulo.h"
 #include "db/Schema.h"
+#include "support/RuntimeErrors.h"
+#include "support/TempYear.h"
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
 
@@ -131,7 +131,8 @@ private slots:
             AbrirConexion();
             QFAIL("opened");
         } catch (const RuntimeError& e) {
-            QVERIFY2(e.Description().contains(QStringLiteral("/nowhere/Cadernia//Xestion.mdb")), qPrintable(e.Description()));
+            QVERIFY2(e.Description().contains(QStringLiteral("/nowhere/Cadernia//Xestion.mdb")),
+                     qPrintable(e.Description()));
         }
         QVERIFY(!QDir(QStringLiteral("/nowhere")).exists());
     }

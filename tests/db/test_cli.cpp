@@ -50,10 +50,19 @@ private slots:
 
     void commandsChangeRowsAndQueriesPrintThemTabSeparated()
     {
-        QCOMPARE(runTool({year_, QStringLiteral("INSERT INTO tblMaterias (Id, Des) VALUES (1, 'Matemáticas')")}).exitCode, 0);
-        QCOMPARE(runTool({year_, QStringLiteral("INSERT INTO tblMaterias (Id, Des, Obs) VALUES (2, 'Lingua', 'Galega')")}).exitCode, 0);
-        QCOMPARE(runTool({year_, QStringLiteral("INSERT INTO tblNotas (Id, IdTarea, IdAlu, Nota) VALUES (1, 1, 1, 7.25)")}).exitCode, 0);
-        const Result r = runTool({year_, QStringLiteral("SELECT Id, Des & ' (' & Obs & ')' AS Materia FROM tblMaterias ORDER BY Des")});
+        QCOMPARE(
+            runTool({year_, QStringLiteral("INSERT INTO tblMaterias (Id, Des) VALUES (1, 'Matemáticas')")}).exitCode,
+            0);
+        QCOMPARE(
+            runTool({year_, QStringLiteral("INSERT INTO tblMaterias (Id, Des, Obs) VALUES (2, 'Lingua', 'Galega')")})
+                .exitCode,
+            0);
+        QCOMPARE(
+            runTool({year_, QStringLiteral("INSERT INTO tblNotas (Id, IdTarea, IdAlu, Nota) VALUES (1, 1, 1, 7.25)")})
+                .exitCode,
+            0);
+        const Result r = runTool(
+            {year_, QStringLiteral("SELECT Id, Des & ' (' & Obs & ')' AS Materia FROM tblMaterias ORDER BY Des")});
         QCOMPARE(r.exitCode, 0);
         QCOMPARE(r.out, QStringLiteral("Id\tMateria\n2\tLingua (Galega)\n1\tMatemáticas ()\n"));
         const Result n = runTool({year_, QStringLiteral("SELECT Nota, Nota/2 AS Media FROM tblNotas")});
@@ -62,7 +71,8 @@ private slots:
 
     void translatePrintsTheSqliteText()
     {
-        const Result r = runTool({QStringLiteral("--translate"), QStringLiteral("DELETE * FROM tblNotas WHERE Id = 1")});
+        const Result r =
+            runTool({QStringLiteral("--translate"), QStringLiteral("DELETE * FROM tblNotas WHERE Id = 1")});
         QCOMPARE(r.exitCode, 0);
         QCOMPARE(r.out, QStringLiteral("DELETE FROM \"tblNotas\" WHERE \"Id\" = 1\n"));
     }
@@ -76,7 +86,8 @@ private slots:
         QVERIFY(r.err.contains(QStringLiteral("Nada")));
         const Result q = runTool({year_, QStringLiteral("UPDATE tblMaterias SET Obs = 'd'Ourense' WHERE Id = 1")});
         QCOMPARE(q.exitCode, 1);
-        QCOMPARE(runTool({year_, QStringLiteral("SELECT Obs FROM tblMaterias WHERE Id = 1")}).out, QStringLiteral("Obs\n\n"));
+        QCOMPARE(runTool({year_, QStringLiteral("SELECT Obs FROM tblMaterias WHERE Id = 1")}).out,
+                 QStringLiteral("Obs\n\n"));
     }
 
     void aMissingYearIsAnError()

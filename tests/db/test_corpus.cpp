@@ -5,9 +5,9 @@
 //   STATEMENT                           (one line)
 //   => rows N                           (optional: rows it must return)
 // A few results are also checked cell by cell against values worked out by hand.
-#include "support/TempYear.h"
 #include "db/Recordset.h"
 #include "db/Schema.h"
+#include "support/TempYear.h"
 #include "vb/RuntimeError.h"
 
 #include <QtTest>
@@ -169,7 +169,8 @@ private slots:
         auto cn = year.connect();
         const QString base = kBands.arg(task);
         const QStringList bands = {
-            QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10)<4.999 AND (tblNotas.Nota/[tblTareasTipos]![Max]*10)>0;"),
+            QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10)<4.999 AND "
+                           "(tblNotas.Nota/[tblTareasTipos]![Max]*10)>0;"),
             QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 4.999 AND 5.99)"),
             QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 5.999 AND 6.99)"),
             QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 6.999 AND 8.99)"),
@@ -188,14 +189,15 @@ private slots:
         TempYear year(TempYear::Fill::Seeded);
         auto cn = year.connect();
         db::Recordset rs;
-        rs.Open(QStringLiteral(
-                    "SELECT tblTareasTipos.Des AS TareaTipo, Avg(tblNotas.Nota) AS Media, tblTareasTipos.Max, "
-                    "tblTareasTipos.Id AS IdTip, tblTareas.IdEva, tblTareas.IdMat FROM (tblNotas INNER JOIN tblTareas ON "
-                    "tblNotas.IdTarea = tblTareas.Id) INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id "
-                    "Where tblTareas.Nota=True AND tblTareas.IdEva =1 And tblTareas.IdMat =1 And tblNotas.IdAlu =1 GROUP "
-                    "BY tblTareasTipos.Des, tblTareasTipos.Max, tblTareasTipos.Id, tblTareas.IdEva, tblTareas.IdMat "
-                    "ORDER BY tblTareasTipos.Des;"),
-                cn);
+        rs.Open(
+            QStringLiteral(
+                "SELECT tblTareasTipos.Des AS TareaTipo, Avg(tblNotas.Nota) AS Media, tblTareasTipos.Max, "
+                "tblTareasTipos.Id AS IdTip, tblTareas.IdEva, tblTareas.IdMat FROM (tblNotas INNER JOIN tblTareas ON "
+                "tblNotas.IdTarea = tblTareas.Id) INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id "
+                "Where tblTareas.Nota=True AND tblTareas.IdEva =1 And tblTareas.IdMat =1 And tblNotas.IdAlu =1 GROUP "
+                "BY tblTareasTipos.Des, tblTareasTipos.Max, tblTareasTipos.Id, tblTareas.IdEva, tblTareas.IdMat "
+                "ORDER BY tblTareasTipos.Des;"),
+            cn);
         QCOMPARE(rs.RecordCount(), 3);
         QCOMPARE(row(rs), (QStringList{"Deberes", "4.75", "5", "2", "1", "1"}));
         rs.MoveNext();
@@ -206,7 +208,8 @@ private slots:
         const QHash<QString, double> weight = {{"Deberes", 30}, {"Examen", 60}, {"Proyecto", 10}};
         double points = 0;
         for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
-            points += rs.Value("Media").toDouble() / rs.Value("Max").toDouble() * 10 * weight[rs.Value(0).toString()] / 100;
+            points +=
+                rs.Value("Media").toDouble() / rs.Value("Max").toDouble() * 10 * weight[rs.Value(0).toString()] / 100;
         QCOMPARE(points, 8.2);
     }
 
@@ -215,13 +218,14 @@ private slots:
         TempYear year(TempYear::Fill::Seeded);
         auto cn = year.connect();
         db::Recordset rs;
-        rs.Open(QStringLiteral(
-                    "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
-                    "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
-                    "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
-                    "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
-                    "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
-                cn);
+        rs.Open(
+            QStringLiteral(
+                "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
+                "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
+                "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
+                "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
+                "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
+            cn);
         QStringList names;
         for (int i = 0; i < rs.FieldCount(); ++i)
             names << rs.FieldName(i);

@@ -9,8 +9,8 @@
 
 #include <QTemporaryDir>
 
-#include <functional>
 #include <QtTest>
+#include <functional>
 
 using db::JetSql;
 
@@ -115,7 +115,8 @@ private slots:
 
     void bracketReferencesBecomeQuotedColumns()
     {
-        QCOMPARE(sql("SELECT [tblCursos]![Des] FROM tblCursos"), QStringLiteral("SELECT \"tblCursos\".\"Des\" FROM \"tblCursos\""));
+        QCOMPARE(sql("SELECT [tblCursos]![Des] FROM tblCursos"),
+                 QStringLiteral("SELECT \"tblCursos\".\"Des\" FROM \"tblCursos\""));
     }
 
     void ampersandBecomesJetConcat()
@@ -127,7 +128,8 @@ private slots:
     void ampersandBindsBelowArithmeticAndAboveComparison()
     {
         QCOMPARE(sql("SELECT 1 FROM t WHERE a & b + 1 = 'x'"),
-                 QStringLiteral("SELECT 1 AS \"Expr1000\" FROM \"t\" WHERE jet_concat(\"a\", \"b\" + 1) = 'x' COLLATE jet_es"));
+                 QStringLiteral(
+                     "SELECT 1 AS \"Expr1000\" FROM \"t\" WHERE jet_concat(\"a\", \"b\" + 1) = 'x' COLLATE jet_es"));
     }
 
     void slashBecomesFloatingDivisionLeftToRight()
@@ -138,8 +140,9 @@ private slots:
 
     void booleanWordsBecomeOneAndZero()
     {
-        QCOMPARE(sql("SELECT 1 AS x FROM t WHERE a=True AND b = False AND c=Yes AND d = No"),
-                 QStringLiteral("SELECT 1 AS \"x\" FROM \"t\" WHERE \"a\" = 1 AND \"b\" = 0 AND \"c\" = 1 AND \"d\" = 0"));
+        QCOMPARE(
+            sql("SELECT 1 AS x FROM t WHERE a=True AND b = False AND c=Yes AND d = No"),
+            QStringLiteral("SELECT 1 AS \"x\" FROM \"t\" WHERE \"a\" = 1 AND \"b\" = 0 AND \"c\" = 1 AND \"d\" = 0"));
     }
 
     void dateLiteralsBecomeIsoText()
@@ -166,11 +169,14 @@ private slots:
     void parenthesesOfAJoinOnTheLeftAreDroppedOnTheRightKept()
     {
         QCOMPARE(sql("SELECT a.x FROM ((a LEFT JOIN b ON a.i = b.i) LEFT JOIN c ON b.j = c.j)"),
-                 QStringLiteral("SELECT \"a\".\"x\" FROM \"a\" LEFT JOIN \"b\" ON \"a\".\"i\" = \"b\".\"i\" LEFT JOIN \"c\" ON "
-                                "\"b\".\"j\" = \"c\".\"j\""));
-        QCOMPARE(sql("SELECT a.x FROM a INNER JOIN (b INNER JOIN c ON b.j = c.j) ON a.i = b.i"),
-                 QStringLiteral("SELECT \"a\".\"x\" FROM \"a\" INNER JOIN (\"b\" INNER JOIN \"c\" ON \"b\".\"j\" = \"c\".\"j\") ON "
-                                "\"a\".\"i\" = \"b\".\"i\""));
+                 QStringLiteral(
+                     "SELECT \"a\".\"x\" FROM \"a\" LEFT JOIN \"b\" ON \"a\".\"i\" = \"b\".\"i\" LEFT JOIN \"c\" ON "
+                     "\"b\".\"j\" = \"c\".\"j\""));
+        QCOMPARE(
+            sql("SELECT a.x FROM a INNER JOIN (b INNER JOIN c ON b.j = c.j) ON a.i = b.i"),
+            QStringLiteral(
+                "SELECT \"a\".\"x\" FROM \"a\" INNER JOIN (\"b\" INNER JOIN \"c\" ON \"b\".\"j\" = \"c\".\"j\") ON "
+                "\"a\".\"i\" = \"b\".\"i\""));
     }
 
     void orderByTermsGetTheSpanishCollation()
@@ -232,7 +238,8 @@ private slots:
 
     void apostropheInsideTextIsASyntaxError()
     {
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, JetSql::translate(QStringLiteral("UPDATE tblNotas SET Obs = 'O'Neill' WHERE Id=1")));
+        QVERIFY_THROWS_EXCEPTION(RuntimeError,
+                                 JetSql::translate(QStringLiteral("UPDATE tblNotas SET Obs = 'O'Neill' WHERE Id=1")));
     }
 
     void trailingSemicolonIsAccepted()
@@ -258,11 +265,13 @@ private slots:
 
     void concatOfTextsAloneJoinsThemAsTheyAre()
     {
-        QCOMPARE(scalar("SELECT Ape & ', ' & Nom FROM tblAlumnos WHERE Id=3").toString(), QStringLiteral("avendaño, Luis"));
+        QCOMPARE(scalar("SELECT Ape & ', ' & Nom FROM tblAlumnos WHERE Id=3").toString(),
+                 QStringLiteral("avendaño, Luis"));
         QCOMPARE(scalar("SELECT '' & '' FROM tblAlumnos WHERE Id=3").toString(), QString());
         QVERIFY(!scalar("SELECT '' & '' FROM tblAlumnos WHERE Id=3").isNull());
         QVERIFY(scalar("SELECT MailAlu & MailAlu FROM tblAlumnos WHERE Id=1").isNull());
-        QCOMPARE(scalar("SELECT MailAlu & Nom & MailAlu FROM tblAlumnos WHERE Id=1").toString(), QStringLiteral("Íria"));
+        QCOMPARE(scalar("SELECT MailAlu & Nom & MailAlu FROM tblAlumnos WHERE Id=1").toString(),
+                 QStringLiteral("Íria"));
     }
 
     void concatWritesNumbersWithDecimalComma()
@@ -271,16 +280,15 @@ private slots:
         QCOMPARE(scalar("SELECT Id & '' FROM tblNotas WHERE Id=2").toString(), QStringLiteral("2"));
     }
 
-    void divisionIsAlwaysFloatingPoint()
-    {
-        QCOMPARE(scalar("SELECT 7/2 FROM tblNiveles WHERE Id=1").toDouble(), 3.5);
-    }
+    void divisionIsAlwaysFloatingPoint() { QCOMPARE(scalar("SELECT 7/2 FROM tblNiveles WHERE Id=1").toDouble(), 3.5); }
 
     void divisionByZeroIsARuntimeError()
     {
         try {
-            scalar("SELECT tblNotas.Nota/[tblTareasTipos]![Max]*10 FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea "
-                   "= tblTareas.Id) INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id WHERE tblNotas.Id=3");
+            scalar(
+                "SELECT tblNotas.Nota/[tblTareasTipos]![Max]*10 FROM (tblNotas INNER JOIN tblTareas ON "
+                "tblNotas.IdTarea "
+                "= tblTareas.Id) INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id WHERE tblNotas.Id=3");
             QFAIL("no error");
         } catch (const RuntimeError& e) {
             QCOMPARE(e.Number(), int(RuntimeError::DivisionByZero));
@@ -292,13 +300,11 @@ private slots:
         QCOMPARE(scalar("SELECT 7 MOD 3 FROM tblNiveles WHERE Id=1").toInt(), 1);
         QCOMPARE(scalar("SELECT 7 \\ 2 FROM tblNiveles WHERE Id=1").toInt(), 3);
         QCOMPARE(scalar("SELECT 2^3 FROM tblNiveles WHERE Id=1").toDouble(), 8.0);
-        QCOMPARE(scalar("SELECT -2^2 FROM tblNiveles WHERE Id=1").toDouble(), -4.0); // the power binds tighter than the sign
+        QCOMPARE(scalar("SELECT -2^2 FROM tblNiveles WHERE Id=1").toDouble(),
+                 -4.0); // the power binds tighter than the sign
     }
 
-    void divisionWithNullIsNull()
-    {
-        QVERIFY(scalar("SELECT Obs/2 FROM tblNotas WHERE Id=1").isNull());
-    }
+    void divisionWithNullIsNull() { QVERIFY(scalar("SELECT Obs/2 FROM tblNotas WHERE Id=1").isNull()); }
 
     void bandConditionsSeeTheAdjustedMark()
     {
@@ -307,10 +313,11 @@ private slots:
                        "INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id WHERE tblNotas.IdTarea=1 AND "
                        "(tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 4.999 AND 5.99)"),
                  1);
-        QCOMPARE(count("SELECT tblNotas.Nota FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = tblTareas.Id) "
-                       "INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id WHERE tblNotas.IdTarea=1 AND "
-                       "(tblNotas.Nota/[tblTareasTipos]![Max]*10)<4.999 AND (tblNotas.Nota/[tblTareasTipos]![Max]*10)>0"),
-                 0);
+        QCOMPARE(
+            count("SELECT tblNotas.Nota FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = tblTareas.Id) "
+                  "INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id WHERE tblNotas.IdTarea=1 AND "
+                  "(tblNotas.Nota/[tblTareasTipos]![Max]*10)<4.999 AND (tblNotas.Nota/[tblTareasTipos]![Max]*10)>0"),
+            0);
     }
 
     void likeIgnoresCaseAndAccents()
@@ -337,14 +344,11 @@ private slots:
         QStringList order;
         for (; !rs.Eof(); rs.MoveNext())
             order << rs.Value(0).toString();
-        QCOMPARE(order, (QStringList{QStringLiteral("Álvarez Núñez"), QStringLiteral("avendaño"), QStringLiteral("Nuñez"),
-                                     QStringLiteral("Ocampo"), QStringLiteral("Zapata")}));
+        QCOMPARE(order, (QStringList{QStringLiteral("Álvarez Núñez"), QStringLiteral("avendaño"),
+                                     QStringLiteral("Nuñez"), QStringLiteral("Ocampo"), QStringLiteral("Zapata")}));
     }
 
-    void textComparisonWithALiteralIgnoresCase()
-    {
-        QCOMPARE(count("SELECT Id FROM tblAlumnos WHERE Nom = 'ANA'"), 1);
-    }
+    void textComparisonWithALiteralIgnoresCase() { QCOMPARE(count("SELECT Id FROM tblAlumnos WHERE Nom = 'ANA'"), 1); }
 
     void leftJoinKeepsAStudentWithoutGroupInnerJoinHidesIt()
     {
@@ -354,13 +358,15 @@ private slots:
                        "tblCursos.IdNivel = tblNiveles.Id) ON tblGrupos.IdCurso = tblCursos.Id) ON tblAlumnos.Grupo = "
                        "tblGrupos.Id"),
                  5);
-        QCOMPARE(scalar("SELECT " + label +
-                        " AS DesGrupo FROM tblAlumnos LEFT JOIN (tblGrupos LEFT JOIN (tblCursos LEFT JOIN tblNiveles ON "
-                        "tblCursos.IdNivel = tblNiveles.Id) ON tblGrupos.IdCurso = tblCursos.Id) ON tblAlumnos.Grupo = "
-                        "tblGrupos.Id WHERE tblAlumnos.Id = 4")
-                     .toString(),
-                 QStringLiteral("  "));
-        QCOMPARE(count("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = tblGrupos.Id"), 4);
+        QCOMPARE(
+            scalar("SELECT " + label +
+                   " AS DesGrupo FROM tblAlumnos LEFT JOIN (tblGrupos LEFT JOIN (tblCursos LEFT JOIN tblNiveles ON "
+                   "tblCursos.IdNivel = tblNiveles.Id) ON tblGrupos.IdCurso = tblCursos.Id) ON tblAlumnos.Grupo = "
+                   "tblGrupos.Id WHERE tblAlumnos.Id = 4")
+                .toString(),
+            QStringLiteral("  "));
+        QCOMPARE(count("SELECT tblAlumnos.Id FROM tblAlumnos INNER JOIN tblGrupos ON tblAlumnos.Grupo = tblGrupos.Id"),
+                 4);
     }
 
     void formatOfDatesTimesAndNumbers()
@@ -368,9 +374,11 @@ private slots:
         QCOMPARE(scalar("SELECT FORMAT(tblEvaluaciones.Fec,'dd/MM/yyyy') FROM tblEvaluaciones").toString(),
                  QStringLiteral("20/12/2024"));
         QCOMPARE(scalar("SELECT FORMAT(Fec,'dddd') FROM tblEvaluaciones").toString(), QStringLiteral("viernes"));
-        QCOMPARE(scalar("SELECT FORMAT(Fec,'dd/MM/yyyy') FROM tblTutoriaCitas").toString(), QStringLiteral("05/11/2024"));
+        QCOMPARE(scalar("SELECT FORMAT(Fec,'dd/MM/yyyy') FROM tblTutoriaCitas").toString(),
+                 QStringLiteral("05/11/2024"));
         QCOMPARE(scalar("SELECT FORMAT(Fec,'HH:mm') FROM tblTutoriaCitas").toString(), QStringLiteral("16:30"));
-        QCOMPARE(scalar("SELECT FORMAT(tblHorarioHoras.Ini,'HH:mm') FROM tblHorarioHoras").toString(), QStringLiteral("08:30"));
+        QCOMPARE(scalar("SELECT FORMAT(tblHorarioHoras.Ini,'HH:mm') FROM tblHorarioHoras").toString(),
+                 QStringLiteral("08:30"));
         QCOMPARE(scalar("SELECT FORMAT(2.675,'##0.00') FROM tblNiveles WHERE Id=1").toString(), QStringLiteral("2,68"));
         QCOMPARE(scalar("SELECT FORMAT(0.125,'##0.00') FROM tblNiveles WHERE Id=1").toString(), QStringLiteral("0,13"));
         QVERIFY(scalar("SELECT FORMAT(FecIni,'dd/MM/yyyy') FROM tblTareas WHERE Id=2").isNull());
@@ -378,7 +386,8 @@ private slots:
 
     void strOfADateIsReadable()
     {
-        QCOMPARE(scalar("SELECT STR(tblTutoriaCitas.Fec) FROM tblTutoriaCitas").toString(), QStringLiteral("05/11/2024 16:30"));
+        QCOMPARE(scalar("SELECT STR(tblTutoriaCitas.Fec) FROM tblTutoriaCitas").toString(),
+                 QStringLiteral("05/11/2024 16:30"));
     }
 
     void avgSkipsNulls()
@@ -402,13 +411,14 @@ private slots:
     void transformPivotsByAscendingHeadings()
     {
         db::Recordset rs;
-        rs.Open(QStringLiteral(
-                    "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
-                    "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
-                    "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
-                    "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
-                    "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
-                cn_);
+        rs.Open(
+            QStringLiteral(
+                "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
+                "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
+                "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
+                "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
+                "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
+            cn_);
         QCOMPARE(rs.FieldCount(), 3);
         QCOMPARE(rs.FieldName(0), QStringLiteral("Alumno"));
         QCOMPARE(rs.FieldName(1), QStringLiteral("LCG"));
@@ -429,9 +439,10 @@ private slots:
         QVERIFY_THROWS_EXCEPTION(RuntimeError,
                                  cn_->Execute(QStringLiteral("UPDATE tblNotas SET Nota = Nota/0 WHERE IdTarea=1")));
         QCOMPARE(scalar("SELECT Nota FROM tblNotas WHERE Id=2").toDouble(), 7.5);
-        QVERIFY_THROWS_EXCEPTION(RuntimeError, cn_->Execute(QStringLiteral(
-                                                   "INSERT INTO tblNotas (Id, IdTarea, IdAlu, Nota, Obs) VALUES(50, 1, 1, "
-                                                   "5, 'O'Neill')")));
+        QVERIFY_THROWS_EXCEPTION(
+            RuntimeError,
+            cn_->Execute(QStringLiteral("INSERT INTO tblNotas (Id, IdTarea, IdAlu, Nota, Obs) VALUES(50, 1, 1, "
+                                        "5, 'O'Neill')")));
         QCOMPARE(count("SELECT Id FROM tblNotas"), before);
     }
 
@@ -459,7 +470,8 @@ private slots:
         return {
             rows(cn, adjusted + QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10)<4.999 AND "
                                                "(tblNotas.Nota/[tblTareasTipos]![Max]*10)>0;")),
-            rows(cn, adjusted + QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 4.999 AND 5.99)")),
+            rows(cn,
+                 adjusted + QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 4.999 AND 5.99)")),
             rows(cn, plain + QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 5.999 AND 6.99)")),
             rows(cn, plain + QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 6.999 AND 8.99)")),
             rows(cn, plain + QStringLiteral(" AND (tblNotas.Nota/[tblTareasTipos]![Max]*10 BETWEEN 8.999 AND 10)")),
@@ -497,8 +509,8 @@ private slots:
         QCOMPARE(bandCounts(cn), (QList<int>{0, 0, 0, 0, 0}));
         // What a statement computes goes through Single precision too.
         cn->Execute(QStringLiteral("UPDATE tblNotas SET Nota = Nota + 0.001 WHERE Id=1"));
-        QVERIFY(stored(cn, QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 1")).toDouble()
-                == double(float(double(8.999f) + 0.001)));
+        QVERIFY(stored(cn, QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 1")).toDouble() ==
+                double(float(double(8.999f) + 0.001)));
     }
 
     void everySingleColumnStoresNearestSingle_data()
@@ -506,25 +518,30 @@ private slots:
         QTest::addColumn<QString>("insert");
         QTest::addColumn<QString>("update");
         QTest::addColumn<QString>("read");
-        QTest::newRow("tblNotasEval.Nota") << "INSERT INTO tblNotasEval (Id, IdEval, IdMat, IdAlu, Nota) VALUES (1, 1, 1, 1, 0.1)"
-                                           << "UPDATE tblNotasEval SET tblNotasEval.Nota = 0.1 WHERE Id = 1"
-                                           << "SELECT Nota FROM tblNotasEval WHERE Id = 1";
-        QTest::newRow("tblNotasEval.NotaRec") << "INSERT INTO tblNotasEval (Id, IdEval, IdMat, IdAlu, NotaRec) VALUES (1, 1, 1, 1, 0.1)"
-                                              << "UPDATE tblNotasEval SET tblNotasEval.Recuperar = 1, tblNotasEval.NotaRec = 0.1 WHERE "
-                                                 "tblNotasEval.Id=1"
-                                              << "SELECT NotaRec FROM tblNotasEval WHERE Id = 1";
-        QTest::newRow("tblNotasFinal.NotaO") << "INSERT INTO tblNotasFinal (Id, IdMat, IdAlu, NotaO, Obs) VALUES(1, 1, 1, 0.1, '')"
-                                             << "UPDATE tblNotasFinal SET NotaO = 0.1 WHERE Id = 1"
-                                             << "SELECT NotaO FROM tblNotasFinal WHERE Id = 1";
+        QTest::newRow("tblNotasEval.Nota")
+            << "INSERT INTO tblNotasEval (Id, IdEval, IdMat, IdAlu, Nota) VALUES (1, 1, 1, 1, 0.1)"
+            << "UPDATE tblNotasEval SET tblNotasEval.Nota = 0.1 WHERE Id = 1"
+            << "SELECT Nota FROM tblNotasEval WHERE Id = 1";
+        QTest::newRow("tblNotasEval.NotaRec")
+            << "INSERT INTO tblNotasEval (Id, IdEval, IdMat, IdAlu, NotaRec) VALUES (1, 1, 1, 1, 0.1)"
+            << "UPDATE tblNotasEval SET tblNotasEval.Recuperar = 1, tblNotasEval.NotaRec = 0.1 WHERE "
+               "tblNotasEval.Id=1"
+            << "SELECT NotaRec FROM tblNotasEval WHERE Id = 1";
+        QTest::newRow("tblNotasFinal.NotaO")
+            << "INSERT INTO tblNotasFinal (Id, IdMat, IdAlu, NotaO, Obs) VALUES(1, 1, 1, 0.1, '')"
+            << "UPDATE tblNotasFinal SET NotaO = 0.1 WHERE Id = 1"
+            << "SELECT NotaO FROM tblNotasFinal WHERE Id = 1";
         QTest::newRow("tblNotasFinal.NotaE") << "INSERT INTO tblNotasFinal VALUES (1, 1, 1, 5, 0.1, '')"
                                              << "UPDATE tblNotasFinal SET tblNotasFinal.NotaE = 0.1 WHERE Id = 1"
                                              << "SELECT NotaE FROM tblNotasFinal WHERE Id = 1";
-        QTest::newRow("tblTareasRubrica.Por") << "INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Por, Max) VALUES (1, 1, '1', 0.1, 4)"
-                                              << "UPDATE tblTareasRubrica SET Por = '0.1' WHERE Id = 1"
-                                              << "SELECT Por FROM tblTareasRubrica WHERE Id = 1";
-        QTest::newRow("INSERT ... SELECT") << "INSERT INTO tblNotas (Id, IdTarea, IdAlu, Nota) SELECT 1, 1, Id, 0.1 FROM tblNiveles"
-                                           << "UPDATE tblNotas SET Nota = 0.1 WHERE Id = 1"
-                                           << "SELECT Nota FROM tblNotas WHERE Id = 1";
+        QTest::newRow("tblTareasRubrica.Por")
+            << "INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Por, Max) VALUES (1, 1, '1', 0.1, 4)"
+            << "UPDATE tblTareasRubrica SET Por = '0.1' WHERE Id = 1"
+            << "SELECT Por FROM tblTareasRubrica WHERE Id = 1";
+        QTest::newRow("INSERT ... SELECT")
+            << "INSERT INTO tblNotas (Id, IdTarea, IdAlu, Nota) SELECT 1, 1, Id, 0.1 FROM tblNiveles"
+            << "UPDATE tblNotas SET Nota = 0.1 WHERE Id = 1"
+            << "SELECT Nota FROM tblNotas WHERE Id = 1";
     }
 
     void everySingleColumnStoresNearestSingle()
@@ -536,8 +553,9 @@ private slots:
         cn->ExecuteNative(QStringLiteral("INSERT INTO tblNiveles VALUES (7, 'ESO')"));
         cn->Execute(insert);
         QVERIFY(stored(cn, read).toDouble() == double(0.1f));
-        cn->ExecuteNative(QStringLiteral("UPDATE tblNotasEval SET Nota = 3, NotaRec = 3; UPDATE tblNotasFinal SET NotaO = 3, "
-                                         "NotaE = 3; UPDATE tblTareasRubrica SET Por = 3; UPDATE tblNotas SET Nota = 3"));
+        cn->ExecuteNative(
+            QStringLiteral("UPDATE tblNotasEval SET Nota = 3, NotaRec = 3; UPDATE tblNotasFinal SET NotaO = 3, "
+                           "NotaE = 3; UPDATE tblTareasRubrica SET Por = 3; UPDATE tblNotas SET Nota = 3"));
         cn->Execute(update);
         QVERIFY(stored(cn, read).toDouble() == double(0.1f));
     }
@@ -545,18 +563,20 @@ private slots:
     void doubleColumnsKeepTheirDigits()
     {
         auto cn = freshYear(QStringLiteral("double_column"));
-        cn->Execute(QStringLiteral("INSERT INTO tblTutoriaNotas (Id, IdAlu, IdEval, IdMat, Nota) VALUES (1, 1, 1, 1, 8.999)"));
+        cn->Execute(
+            QStringLiteral("INSERT INTO tblTutoriaNotas (Id, IdAlu, IdEval, IdMat, Nota) VALUES (1, 1, 1, 1, 8.999)"));
         QCOMPARE(stored(cn, QStringLiteral("SELECT Nota FROM tblTutoriaNotas WHERE Id = 1")).toDouble(), 8.999);
-        QVERIFY(!cn->Translate(QStringLiteral("UPDATE tblTutoriaNotas SET Nota = 1")).sql.contains(QLatin1String("jet_single")));
+        QVERIFY(!cn->Translate(QStringLiteral("UPDATE tblTutoriaNotas SET Nota = 1"))
+                     .sql.contains(QLatin1String("jet_single")));
     }
 
     // ---------------------------------------------------------- grouping of texts
 
     static db::ConnectionPtr namesYear(db::ConnectionPtr cn)
     {
-        cn->ExecuteNative(QStringLiteral(
-            "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo) VALUES (1, 'García López', 'Ana', 1), (2, 'GARCÍA LÓPEZ', 'ANA', 1),"
-            "(3, 'Garcia Lopez', 'Ana', 1), (4, 'garcía lópez', 'ana', 2);"));
+        cn->ExecuteNative(QStringLiteral("INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo) VALUES (1, 'García López', "
+                                         "'Ana', 1), (2, 'GARCÍA LÓPEZ', 'ANA', 1),"
+                                         "(3, 'Garcia Lopez', 'Ana', 1), (4, 'garcía lópez', 'ana', 2);"));
         return cn;
     }
 
@@ -564,9 +584,10 @@ private slots:
     {
         auto cn = namesYear(freshYear(QStringLiteral("group_case")));
         db::Recordset rs;
-        rs.Open(QStringLiteral("SELECT [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] AS Alumno, Count(*) AS N FROM "
-                               "tblAlumnos GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY Count(*) DESC"),
-                cn);
+        rs.Open(
+            QStringLiteral("SELECT [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] AS Alumno, Count(*) AS N FROM "
+                           "tblAlumnos GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY Count(*) DESC"),
+            cn);
         QCOMPARE(rs.RecordCount(), 2);
         QCOMPARE(rs.Value("N").toInt(), 3);
         QCOMPARE(rs.Value("Alumno").toString().toCaseFolded(), QStringLiteral("garcía lópez, ana"));
@@ -607,13 +628,14 @@ private slots:
             "(3, 'MAT', 'Matemáticas');"
             "INSERT INTO tblTutoriaNotas VALUES (1, 1, 1, 1, 7), (2, 2, 1, 2, 5), (3, 1, 1, 3, 6), (4, 2, 1, 3, 9);"));
         db::Recordset rs;
-        rs.Open(QStringLiteral(
-                    "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
-                    "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
-                    "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
-                    "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
-                    "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
-                cn);
+        rs.Open(
+            QStringLiteral(
+                "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
+                "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
+                "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
+                "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
+                "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
+            cn);
         QCOMPARE(rs.FieldCount(), 3);
         QCOMPARE(rs.FieldName(1).toUpper(), QStringLiteral("GAL"));
         QCOMPARE(rs.FieldName(2), QStringLiteral("MAT"));
@@ -628,17 +650,22 @@ private slots:
     // Numbers and dates group as they are (and an index can serve them).
     void groupingCollationGoesOnlyOnTextTerms()
     {
-        const QString text = cn_->Translate(QStringLiteral(
-                                                "SELECT tblNotasEval.IdMat, tblMaterias.Des, tblTareas.FecIni FROM (tblNotasEval "
-                                                "INNER JOIN tblMaterias ON tblNotasEval.IdMat = tblMaterias.Id) INNER JOIN "
-                                                "tblTareas ON tblTareas.IdMat = tblMaterias.Id GROUP BY tblNotasEval.IdMat, "
-                                                "tblMaterias.Des, tblTareas.FecIni"))
-                                 .sql;
-        QVERIFY2(text.endsWith(QStringLiteral("GROUP BY \"tblNotasEval\".\"IdMat\", \"tblMaterias\".\"Des\" COLLATE jet_nocase, "
-                                              "\"tblTareas\".\"FecIni\"")),
+        const QString text =
+            cn_->Translate(
+                   QStringLiteral("SELECT tblNotasEval.IdMat, tblMaterias.Des, tblTareas.FecIni FROM (tblNotasEval "
+                                  "INNER JOIN tblMaterias ON tblNotasEval.IdMat = tblMaterias.Id) INNER JOIN "
+                                  "tblTareas ON tblTareas.IdMat = tblMaterias.Id GROUP BY tblNotasEval.IdMat, "
+                                  "tblMaterias.Des, tblTareas.FecIni"))
+                .sql;
+        QVERIFY2(text.endsWith(
+                     QStringLiteral("GROUP BY \"tblNotasEval\".\"IdMat\", \"tblMaterias\".\"Des\" COLLATE jet_nocase, "
+                                    "\"tblTareas\".\"FecIni\"")),
                  qPrintable(text));
-        const QString aliased = cn_->Translate(QStringLiteral("SELECT m.Des, Count(*) AS N FROM tblMaterias AS m GROUP BY m.Des, m.Id")).sql;
-        QVERIFY2(aliased.endsWith(QStringLiteral("GROUP BY \"m\".\"Des\" COLLATE jet_nocase, \"m\".\"Id\"")), qPrintable(aliased));
+        const QString aliased =
+            cn_->Translate(QStringLiteral("SELECT m.Des, Count(*) AS N FROM tblMaterias AS m GROUP BY m.Des, m.Id"))
+                .sql;
+        QVERIFY2(aliased.endsWith(QStringLiteral("GROUP BY \"m\".\"Des\" COLLATE jet_nocase, \"m\".\"Id\"")),
+                 qPrintable(aliased));
     }
 
     // ---------------------------------------------------------- date arithmetic
@@ -647,7 +674,8 @@ private slots:
     {
         QCOMPARE(scalar("SELECT #2024/12/29# + 1").toString(), QStringLiteral("2024-12-30"));
         QCOMPARE(scalar("SELECT #2024/12/29# + 1").toDate(), QDate(2024, 12, 30));
-        QCOMPARE(scalar("SELECT #2024/12/31# + 1 AS D FROM tblNiveles WHERE Id = 1").toString(), QStringLiteral("2025-01-01"));
+        QCOMPARE(scalar("SELECT #2024/12/31# + 1 AS D FROM tblNiveles WHERE Id = 1").toString(),
+                 QStringLiteral("2025-01-01"));
         QCOMPARE(scalar("SELECT 3 + #2024/02/27#").toString(), QStringLiteral("2024-03-01"));
         QCOMPARE(scalar("SELECT #2024/03/01# - 1").toString(), QStringLiteral("2024-02-29"));
         QCOMPARE(scalar("SELECT #2024/03/01# + 0.5").toString(), QStringLiteral("2024-03-01 12:00:00"));
@@ -656,12 +684,16 @@ private slots:
 
     void dateColumnPlusDaysIsADate()
     {
-        QCOMPARE(scalar("SELECT tblTareas.FecIni + 3 AS F FROM tblTareas WHERE Id = 1").toString(), QStringLiteral("2024-10-18"));
-        QCOMPARE(scalar("SELECT FecIni - 15 AS F FROM tblTareas WHERE Id = 1").toString(), QStringLiteral("2024-09-30"));
-        QCOMPARE(scalar("SELECT t.FecIni + 1 - 1 AS F FROM tblTareas AS t WHERE t.Id = 1").toString(), QStringLiteral("2024-10-15"));
+        QCOMPARE(scalar("SELECT tblTareas.FecIni + 3 AS F FROM tblTareas WHERE Id = 1").toString(),
+                 QStringLiteral("2024-10-18"));
+        QCOMPARE(scalar("SELECT FecIni - 15 AS F FROM tblTareas WHERE Id = 1").toString(),
+                 QStringLiteral("2024-09-30"));
+        QCOMPARE(scalar("SELECT t.FecIni + 1 - 1 AS F FROM tblTareas AS t WHERE t.Id = 1").toString(),
+                 QStringLiteral("2024-10-15"));
         QVERIFY(scalar("SELECT FecIni + 1 AS F FROM tblTareas WHERE Id = 2").isNull());
         // A date and time keeps its time.
-        QCOMPARE(scalar("SELECT Fec + 1 AS F FROM tblTutoriaCitas WHERE Id = 1").toString(), QStringLiteral("2024-11-06 16:30:00"));
+        QCOMPARE(scalar("SELECT Fec + 1 AS F FROM tblTutoriaCitas WHERE Id = 1").toString(),
+                 QStringLiteral("2024-11-06 16:30:00"));
         // Compared with a date column, the result is a date too.
         QCOMPARE(count("SELECT Id FROM tblTareas WHERE FecIni = #2024/10/14# + 1"), 1);
         QCOMPARE(count("SELECT Id FROM tblTareas WHERE FecIni - 1 = #2024/10/14#"), 1);
@@ -678,12 +710,14 @@ private slots:
 
     void dateAddAddsIntervals()
     {
-        QCOMPARE(scalar("SELECT DateAdd('d', 3, FecIni) AS F FROM tblTareas WHERE Id = 1").toString(), QStringLiteral("2024-10-18"));
+        QCOMPARE(scalar("SELECT DateAdd('d', 3, FecIni) AS F FROM tblTareas WHERE Id = 1").toString(),
+                 QStringLiteral("2024-10-18"));
         QCOMPARE(scalar("SELECT DateAdd('d', -1, #2025/01/01#)").toString(), QStringLiteral("2024-12-31"));
         QCOMPARE(scalar("SELECT DateAdd('ww', 2, #2024/12/29#)").toString(), QStringLiteral("2025-01-12"));
         QCOMPARE(scalar("SELECT DateAdd('m', 1, #2024/01/31#)").toString(), QStringLiteral("2024-02-29"));
         QCOMPARE(scalar("SELECT DateAdd('yyyy', 1, #2024/02/29#)").toString(), QStringLiteral("2025-02-28"));
-        QCOMPARE(scalar("SELECT DateAdd('m', -1, Fec) AS F FROM tblTutoriaCitas").toString(), QStringLiteral("2024-10-05 16:30:00"));
+        QCOMPARE(scalar("SELECT DateAdd('m', -1, Fec) AS F FROM tblTutoriaCitas").toString(),
+                 QStringLiteral("2024-10-05 16:30:00"));
         QCOMPARE(scalar("SELECT DateAdd('d', 1, #2024/12/29#) + 1").toString(), QStringLiteral("2024-12-31"));
     }
 
@@ -781,15 +815,18 @@ private slots:
         QString description;
         const int number = errorOf(
             [&] {
-                cn->Execute(QStringLiteral("INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo) VALUES (2, '%1', 'Ana', 1)").arg(huge));
+                cn->Execute(QStringLiteral("INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo) VALUES (2, '%1', 'Ana', 1)")
+                                .arg(huge));
             },
             &description);
         QCOMPARE(number, int(RuntimeError::DatabaseError));
         QVERIFY2(description.contains(QStringLiteral("demasiado pequeño")), qPrintable(description.left(200)));
         QCOMPARE(rows(cn, QStringLiteral("SELECT Id FROM tblAlumnos")), 1);
-        QCOMPARE(errorOf([&] { cn->Execute(QStringLiteral("UPDATE tblAlumnos SET Ape = '%1' WHERE Id = 1").arg(huge)); }),
-                 int(RuntimeError::DatabaseError));
-        QCOMPARE(first(cn, QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1")).toString(), QStringLiteral("Abal"));
+        QCOMPARE(
+            errorOf([&] { cn->Execute(QStringLiteral("UPDATE tblAlumnos SET Ape = '%1' WHERE Id = 1").arg(huge)); }),
+            int(RuntimeError::DatabaseError));
+        QCOMPARE(first(cn, QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1")).toString(),
+                 QStringLiteral("Abal"));
         // The declared size itself fits; characters count, not bytes.
         const QString hundred = QString(99, u'x') + QStringLiteral("ñ");
         cn->Execute(QStringLiteral("UPDATE tblAlumnos SET Ape = '%1' WHERE Id = 1").arg(hundred));
@@ -812,16 +849,18 @@ private slots:
         QTest::newRow("Byte 300") << "UPDATE tblTareasRubrica SET Max = 300 WHERE Id = 1" << overflow;
         QTest::newRow("Byte -1") << "UPDATE tblTareasRubrica SET Max = -1 WHERE Id = 1" << overflow;
         QTest::newRow("Byte 255") << "UPDATE tblTareasRubrica SET Max = 255 WHERE Id = 1" << 0;
-        QTest::newRow("Byte 0") << "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (2, 1, 1, 0, 255)" << 0;
-        QTest::newRow("Byte 256 inserted") << "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (2, 1, 1, 256, 4)"
-                                           << overflow;
+        QTest::newRow("Byte 0")
+            << "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (2, 1, 1, 0, 255)" << 0;
+        QTest::newRow("Byte 256 inserted")
+            << "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (2, 1, 1, 256, 4)" << overflow;
         QTest::newRow("Integer 40000") << "UPDATE tblTareasTipos SET Max = 40000 WHERE Id = 1" << overflow;
         QTest::newRow("Integer 32767") << "UPDATE tblTareasTipos SET Max = 32767 WHERE Id = 1" << 0;
         QTest::newRow("Integer -32768") << "UPDATE tblTareasTipos SET Min = -32768 WHERE Id = 1" << 0;
         QTest::newRow("Integer -32769") << "UPDATE tblTareasTipos SET Min = -32769 WHERE Id = 1" << overflow;
         QTest::newRow("Integer as text") << "UPDATE tblTareasTipos SET Max = '40000' WHERE Id = 1" << overflow;
         QTest::newRow("Long 2147483647") << "UPDATE tblTareasTiposValor SET Valor = 2147483647 WHERE Id = 1" << 0;
-        QTest::newRow("Long 2147483648") << "UPDATE tblTareasTiposValor SET Valor = 2147483648 WHERE Id = 1" << overflow;
+        QTest::newRow("Long 2147483648") << "UPDATE tblTareasTiposValor SET Valor = 2147483648 WHERE Id = 1"
+                                         << overflow;
         QTest::newRow("key beyond Long") << "INSERT INTO tblNiveles (Id, Des) VALUES (4294967296, 'x')" << overflow;
     }
 
@@ -830,11 +869,12 @@ private slots:
         QFETCH(QString, statement);
         QFETCH(int, error);
         auto cn = freshYear(QStringLiteral("range_%1").arg(QTest::currentDataTag()).remove(u' '));
-        cn->ExecuteNative(QStringLiteral(
-            "INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Por, Max) VALUES (1, 1, '1', 50, 4);"
-            "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (1, 1, 1, 2, 4);"
-            "INSERT INTO tblTareasTipos (Id, Des, Min, Max) VALUES (1, 'Examen', 0, 10);"
-            "INSERT INTO tblTareasTiposValor (Id, IdTareaTip, IdEval, IdMat, IdGrupo, Valor) VALUES (1, 1, 1, 1, 1, 60);"));
+        cn->ExecuteNative(
+            QStringLiteral("INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Por, Max) VALUES (1, 1, '1', 50, 4);"
+                           "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (1, 1, 1, 2, 4);"
+                           "INSERT INTO tblTareasTipos (Id, Des, Min, Max) VALUES (1, 'Examen', 0, 10);"
+                           "INSERT INTO tblTareasTiposValor (Id, IdTareaTip, IdEval, IdMat, IdGrupo, Valor) VALUES (1, "
+                           "1, 1, 1, 1, 60);"));
         const QString before = first(cn, QStringLiteral("SELECT Max & Min FROM tblTareasTipos")).toString() +
                                first(cn, QStringLiteral("SELECT Max FROM tblTareasRubrica")).toString() +
                                first(cn, QStringLiteral("SELECT Valor FROM tblTareasTiposValor")).toString();
@@ -854,8 +894,9 @@ private slots:
     void aStatementThatOverflowsOnOneRowWritesNoRow()
     {
         auto cn = freshYear(QStringLiteral("overflow_rows"));
-        cn->ExecuteNative(QStringLiteral("INSERT INTO tblTareasTipos (Id, Des, Min, Max) VALUES (1, 'a', 0, 5), (2, 'b', 0, 10), "
-                                         "(3, 'c', 0, 5)"));
+        cn->ExecuteNative(
+            QStringLiteral("INSERT INTO tblTareasTipos (Id, Des, Min, Max) VALUES (1, 'a', 0, 5), (2, 'b', 0, 10), "
+                           "(3, 'c', 0, 5)"));
         QCOMPARE(errorOf([&] { cn->Execute(QStringLiteral("UPDATE tblTareasTipos SET Max = Max * 4000")); }),
                  int(RuntimeError::Overflow));
         QCOMPARE(first(cn, QStringLiteral("SELECT Sum(Max) AS S FROM tblTareasTipos")).toInt(), 20);

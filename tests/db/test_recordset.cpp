@@ -1,9 +1,9 @@
 // The client-side cursor: counts, positions, moves, Find, and edits written
 // back to the base table.
+#include "db/Recordset.h"
 #include "support/RuntimeErrors.h"
 #include "support/TempYear.h"
 #include "support/YearQueries.h"
-#include "db/Recordset.h"
 #include "vb/RuntimeError.h"
 
 #include <QDate>
@@ -11,7 +11,6 @@
 #include <QtTest>
 
 using db::Recordset;
-
 
 class TestRecordset : public QObject {
     Q_OBJECT
@@ -116,7 +115,8 @@ private slots:
         rs.Update();
         QCOMPARE(rs.RecordCount(), 1);
         QCOMPARE(rs.Value("Nota").toBool(), false); // Booleans default to False
-        QCOMPARE(yearq::value(QStringLiteral("SELECT FecIni FROM tblTareas WHERE Id = 1"), cn).toDate(), QDate(2024, 10, 1));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT FecIni FROM tblTareas WHERE Id = 1"), cn).toDate(),
+                 QDate(2024, 10, 1));
         QCOMPARE(yearq::value(QStringLiteral("SELECT Fin FROM tblTareas WHERE Id = 1"), cn).toBool(), false);
     }
 
@@ -130,7 +130,8 @@ private slots:
         rs.Fields("Nota") = true;
         rs.Fields("FecFin") = QVariant();
         rs.Update();
-        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblTareas WHERE Id = 4"), cn).toString(), QStringLiteral("Dictado 2"));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblTareas WHERE Id = 4"), cn).toString(),
+                 QStringLiteral("Dictado 2"));
         QCOMPARE(yearq::value(QStringLiteral("SELECT Nota FROM tblTareas WHERE Id = 4"), cn).toBool(), true);
         QVERIFY(yearq::value(QStringLiteral("SELECT FecFin FROM tblTareas WHERE Id = 4"), cn).isNull());
     }
@@ -192,10 +193,11 @@ private slots:
         TempYear year(TempYear::Fill::Seeded);
         auto cn = year.connect();
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT tblAlumnos.Ape, [tblCursos]![Des] & ' ' & [tblNiveles]![Des] AS Curso, tblAlumnos.Id "
-                               "FROM ((tblAlumnos LEFT JOIN tblGrupos ON tblAlumnos.Grupo = tblGrupos.Id) LEFT JOIN "
-                               "tblCursos ON tblGrupos.IdCurso = tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel "
-                               "= tblNiveles.Id ORDER BY tblAlumnos.Id"),
+        rs.Open(QStringLiteral(
+                    "SELECT tblAlumnos.Ape, [tblCursos]![Des] & ' ' & [tblNiveles]![Des] AS Curso, tblAlumnos.Id "
+                    "FROM ((tblAlumnos LEFT JOIN tblGrupos ON tblAlumnos.Grupo = tblGrupos.Id) LEFT JOIN "
+                    "tblCursos ON tblGrupos.IdCurso = tblCursos.Id) LEFT JOIN tblNiveles ON tblCursos.IdNivel "
+                    "= tblNiveles.Id ORDER BY tblAlumnos.Id"),
                 cn);
         rs.Delete();
         QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos"), cn).toInt(), 7);
@@ -210,15 +212,18 @@ private slots:
         TempYear year(TempYear::Fill::Seeded);
         auto cn = year.connect();
         Recordset rs;
-        rs.Open(QStringLiteral("SELECT tblAlumnos.Nom, tblCursos.Des FROM tblAlumnos INNER JOIN (tblGrupos INNER JOIN "
-                               "tblCursos ON tblGrupos.IdCurso = tblCursos.Id) ON tblAlumnos.Grupo = tblGrupos.Id ORDER BY "
-                               "tblAlumnos.Id"),
-                cn);
+        rs.Open(
+            QStringLiteral("SELECT tblAlumnos.Nom, tblCursos.Des FROM tblAlumnos INNER JOIN (tblGrupos INNER JOIN "
+                           "tblCursos ON tblGrupos.IdCurso = tblCursos.Id) ON tblAlumnos.Grupo = tblGrupos.Id ORDER BY "
+                           "tblAlumnos.Id"),
+            cn);
         QVERIFY(errorNumber([&] { rs.Fields("Des") = QStringLiteral("x"); }) != 0);
         rs.Fields("Nom") = QStringLiteral("Ana María");
         rs.Update();
-        QCOMPARE(yearq::value(QStringLiteral("SELECT Nom FROM tblAlumnos WHERE Id = 1"), cn).toString(), QStringLiteral("Ana María"));
-        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblCursos WHERE Id = 1"), cn).toString(), QStringLiteral("5º"));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Nom FROM tblAlumnos WHERE Id = 1"), cn).toString(),
+                 QStringLiteral("Ana María"));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblCursos WHERE Id = 1"), cn).toString(),
+                 QStringLiteral("5º"));
     }
 
     void computedColumnsAreReadOnly()
@@ -272,9 +277,9 @@ private slots:
         for (int i = 1; i <= 1500; ++i) {
             QString text;
             if (i % 3 == 0)
-                text = QStringLiteral("Exame");                           // repeated
+                text = QStringLiteral("Exame"); // repeated
             else if (i % 3 == 1)
-                text = QStringLiteral("Tarefa número %1").arg(i);        // distinct
+                text = QStringLiteral("Tarefa número %1").arg(i); // distinct
             else
                 text = QStringLiteral("Traballo longo ").repeated(6) + QString::number(i); // beyond the short ones
             if (i == 7)
@@ -343,9 +348,9 @@ private slots:
     {
         TempYear year;
         auto cn = year.connect();
-        cn->ExecuteNative(QStringLiteral(
-            "INSERT INTO tblTareas (Id, Des, FecIni) VALUES (5,'e','2024-10-02'),(2,'b','2024-10-03'),"
-            "(7,'g','2024-10-02'),(1,'a',NULL),(3,'c','2024-10-02 12:00:00'),(4,'d','2024-10-03');"));
+        cn->ExecuteNative(
+            QStringLiteral("INSERT INTO tblTareas (Id, Des, FecIni) VALUES (5,'e','2024-10-02'),(2,'b','2024-10-03'),"
+                           "(7,'g','2024-10-02'),(1,'a',NULL),(3,'c','2024-10-02 12:00:00'),(4,'d','2024-10-03');"));
         Recordset rs;
         rs.Open(QStringLiteral("SELECT tblTareas.Id FROM tblTareas ORDER BY tblTareas.FecIni DESC"), cn);
         QStringList ids;
@@ -391,8 +396,9 @@ private slots:
         edit.Open(QStringLiteral("SELECT * FROM tblNotasEval WHERE Id = 3"), cn);
         edit.Fields("NotaRec") = 4.999;
         edit.Update();
-        QVERIFY(yearq::value(QStringLiteral("SELECT NotaRec * 1.0 AS N FROM tblNotasEval WHERE Id = 3"), cn).toDouble()
-                == double(4.999f));
+        QVERIFY(
+            yearq::value(QStringLiteral("SELECT NotaRec * 1.0 AS N FROM tblNotasEval WHERE Id = 3"), cn).toDouble() ==
+            double(4.999f));
     }
 
     void tooLongTextIsRefusedByARecordset()
@@ -420,7 +426,8 @@ private slots:
         // The declared size itself fits.
         rs.Fields("Ape") = QString(100, u'ñ');
         rs.Update();
-        QCOMPARE(yearq::value(QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1"), cn).toString(), QString(100, u'ñ'));
+        QCOMPARE(yearq::value(QStringLiteral("SELECT Ape FROM tblAlumnos WHERE Id = 1"), cn).toString(),
+                 QString(100, u'ñ'));
     }
 
     void numbersOutsideTheColumnRangeAreAnOverflowInARecordset()

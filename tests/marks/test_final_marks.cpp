@@ -2,10 +2,10 @@
 // through its properties as the student sheet does: the insert and the
 // update of each kind, the three deletes with their asymmetries, and the
 // extraordinary mark that only ever joins the ordinary one's row.
-#include "support/YearQueries.h"
-#include "support/ScreenHarness.h"
-#include "marks/frmNotaFinal.h"
 #include "core/Modulo.h"
+#include "marks/frmNotaFinal.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 
 #include <QLineEdit>
 #include <QPushButton>

@@ -1,10 +1,10 @@
 // The dialog of one task mark on the sample year: the limits of the task
 // type, the checks on leaving the mark, the INSERT with the digits as typed
 // and the UPDATE through single precision, and "&Rubricar" that saves first.
-#include "support/YearQueries.h"
-#include "support/ScreenHarness.h"
-#include "marks/frmEvaluarNota.h"
 #include "core/Modulo.h"
+#include "marks/frmEvaluarNota.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
 #include "ui/Colors.h"
 
 #include <QLabel>

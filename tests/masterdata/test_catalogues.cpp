@@ -1,15 +1,7 @@
 // The catalogue screens on a temporary year: lists, entry forms, deleting,
 // and the edge cases of each catalogue, checked in the grid and in the rows.
-#include "support/GridText.h"
-#include "support/ScreenHarness.h"
-#include "support/YearQueries.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
-#include "ui/Colors.h"
-#include "ui/FlexGrid.h"
-#include "ui/MaskEdit.h"
-#include "ui/MsgBox.h"
-#include "ui/RuntimeErrorBox.h"
 #include "masterdata/frmCursos.h"
 #include "masterdata/frmCursosFicha.h"
 #include "masterdata/frmEvaluaciones.h"
@@ -20,6 +12,14 @@
 #include "masterdata/frmMateriasFicha.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmNivelesFicha.h"
+#include "support/GridText.h"
+#include "support/ScreenHarness.h"
+#include "support/YearQueries.h"
+#include "ui/Colors.h"
+#include "ui/FlexGrid.h"
+#include "ui/MaskEdit.h"
+#include "ui/MsgBox.h"
+#include "ui/RuntimeErrorBox.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,17 +1,17 @@
 // The task types and their weights on a temporary year: both grids, the
 // combos, the entry forms, the deletes, and the rules that are left out on
 // purpose (no sum to 100, duplicates, decimals rounded away, Min above Max).
+#include "core/Funciones.h"
+#include "core/Modulo.h"
+#include "masterdata/frmTareasTipos.h"
+#include "masterdata/frmTareasTiposFicha.h"
+#include "masterdata/frmTareasTiposValores.h"
 #include "support/GridText.h"
 #include "support/ModalForm.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
-#include "core/Funciones.h"
-#include "core/Modulo.h"
 #include "ui/Colors.h"
 #include "ui/FlexGrid.h"
-#include "masterdata/frmTareasTipos.h"
-#include "masterdata/frmTareasTiposFicha.h"
-#include "masterdata/frmTareasTiposValores.h"
 
 #include <QComboBox>
 #include <QLineEdit>

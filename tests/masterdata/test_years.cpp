@@ -1,10 +1,10 @@
 // The school years on a temporary installation (program folder and base
 // folder apart, as installed): the list of year folders, the switch by double
 // click, and the creation of a new year with everything it keeps and empties.
+#include "masterdata/frmAno.h"
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
-#include "masterdata/frmAno.h"
 
 #include <QDir>
 #include <QGroupBox>

@@ -92,9 +92,18 @@ int xDeviceCharacteristics(sqlite3_file* f)
 
 // Version 1: no shared memory and no memory mapping, which a year in
 // rollback-journal mode does not use.
-const sqlite3_io_methods kMethods = {1,         xClose,     xRead,      xWrite,
-                                     xTruncate, xSync,      xFileSize,  xLock,
-                                     xUnlock,   xCheckReservedLock, xFileControl, xSectorSize,
+const sqlite3_io_methods kMethods = {1,
+                                     xClose,
+                                     xRead,
+                                     xWrite,
+                                     xTruncate,
+                                     xSync,
+                                     xFileSize,
+                                     xLock,
+                                     xUnlock,
+                                     xCheckReservedLock,
+                                     xFileControl,
+                                     xSectorSize,
                                      xDeviceCharacteristics};
 
 int xOpen(sqlite3_vfs*, sqlite3_filename name, sqlite3_file* f, int flags, int* outFlags)

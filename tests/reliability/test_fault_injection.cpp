@@ -3,9 +3,9 @@
 // completes, or fails as a run-time error leaving every file as it was.
 // Every write and sync of each operation is failed in turn (FaultVfs).
 #include "FaultVfs.h"
-#include "support/TempYear.h"
 #include "db/BoundStatement.h"
 #include "db/Connection.h"
+#include "support/TempYear.h"
 #include "utilities/DatabaseCopy.h"
 #include "vb/RuntimeError.h"
 

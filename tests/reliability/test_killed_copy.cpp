@@ -4,10 +4,10 @@
 // restore, once the year opens).
 //
 // CADERNIA_RELIABILITY_TRIALS sets the kills per slot (default 20).
-#include "support/TempYear.h"
 #include "core/Modulo.h"
 #include "db/BoundStatement.h"
 #include "db/Connection.h"
+#include "support/TempYear.h"
 #include "utilities/DatabaseCopy.h"
 
 #include <QDir>

@@ -1,17 +1,17 @@
 // The report engine without its viewers: selection formulas, the report file
 // format, value formats, data shaping, parameters, the location of the data
 // and the installed files.
-#include "support/RuntimeErrors.h"
-#include "support/ReportFixture.h"
 #include "core/Modulo.h"
 #include "db/Connection.h"
 #include "db/Recordset.h"
-#include "ui/MsgBox.h"
-#include "vb/RuntimeError.h"
 #include "reports/engine/Report.h"
 #include "reports/engine/ReportData.h"
 #include "reports/engine/ReportFiles.h"
 #include "reports/engine/SelectionFormula.h"
+#include "support/ReportFixture.h"
+#include "support/RuntimeErrors.h"
+#include "ui/MsgBox.h"
+#include "vb/RuntimeError.h"
 
 #include <QFile>
 #include <QtTest>

@@ -6,13 +6,13 @@
 //     build/bin/test_report_golden --update [golden:<report>]
 // and then read over before it is committed. `--pdf-dir DIR` also keeps the
 // PDF files there, to look at the pages.
-#include "support/ReportFixture.h"
 #include "core/Modulo.h"
-#include "ui/MsgBox.h"
-#include "reports/engine/ReportErrors.h"
 #include "reports/engine/Catalogue.h"
 #include "reports/engine/Report.h"
+#include "reports/engine/ReportErrors.h"
 #include "reports/viewers/ReportViewer.h"
+#include "support/ReportFixture.h"
+#include "ui/MsgBox.h"
 
 #include <QFile>
 #include <QProcess>

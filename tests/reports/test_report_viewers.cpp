@@ -1,19 +1,19 @@
 // The three report viewers: the list of frmInforme and its filter, the
 // guarded opening, the printing on the printers of imp.ini and the PDF
 // entry, the release after printing, and the year switch.
-#include "support/ReportFixture.h"
-#include "support/YearQueries.h"
 #include "core/Modulo.h"
-#include "ui/MsgBox.h"
-#include "ui/Printers.h"
-#include "ui/RuntimeErrorBox.h"
-#include "reports/engine/ReportErrors.h"
-#include "reports/viewers/PrinterOutput.h"
 #include "reports/engine/ReportDocument.h"
+#include "reports/engine/ReportErrors.h"
 #include "reports/engine/ReportSeams.h"
+#include "reports/viewers/PrinterOutput.h"
 #include "reports/viewers/frmInforme.h"
 #include "reports/viewers/frmInformeHojaDoc.h"
 #include "reports/viewers/frmInformeListado.h"
+#include "support/ReportFixture.h"
+#include "support/YearQueries.h"
+#include "ui/MsgBox.h"
+#include "ui/Printers.h"
+#include "ui/RuntimeErrorBox.h"
 
 #include <QDir>
 #include <QFile>

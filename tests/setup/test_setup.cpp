@@ -204,9 +204,9 @@ void TestSetup::existingPrintDatabaseIsKept()
     setup::SetupResult r;
     QVERIFY2(setup::setupBase(p.options(), &error, &r), qPrintable(error));
     QVERIFY(!r.printCreated);
-    QCOMPARE(
-        yearq::value(QStringLiteral("SELECT Nom FROM tblFichaAlumno WHERE Id = 7"), db::Connection::Open(print)).toString(),
-        QStringLiteral("Queda"));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Nom FROM tblFichaAlumno WHERE Id = 7"), db::Connection::Open(print))
+                 .toString(),
+             QStringLiteral("Queda"));
 }
 
 void TestSetup::existingYearIsRefusedAndNothingChanges()
@@ -329,7 +329,8 @@ void TestSetup::demoHasThePromisedFrame()
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNiveles"), cn_).toInt(), 2);
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblCursos"), cn_).toInt(), 4);
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblGrupos"), cn_).toInt(), 4);
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblGrupos WHERE tblGrupos.Tit = Yes"), cn_).toInt(), 1);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblGrupos WHERE tblGrupos.Tit = Yes"), cn_).toInt(),
+             1);
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblAlumnos"), cn_).toInt(), 100);
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblMaterias"), cn_).toInt(), 6);
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblEvaluaciones"), cn_).toInt(), 3);
@@ -373,14 +374,19 @@ void TestSetup::demoTasksPerGroupAndSubject()
         QVERIFY(rs.Value(QStringLiteral("F")).toInt() < n);
     }
     const int tasks = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas"), cn_).toInt();
-    const int counting = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE tblTareas.Nota=Yes"), cn_).toInt();
+    const int counting =
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE tblTareas.Nota=Yes"), cn_).toInt();
     QVERIFY(counting > tasks / 2 && counting < tasks);
     // Task dates lie inside their evaluation's months.
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas INNER JOIN tblEvaluaciones ON "
-                                       "tblTareas.IdEva = tblEvaluaciones.Id WHERE tblTareas.FecFin > "
-                                       "tblEvaluaciones.Fec OR tblTareas.FecIni > tblTareas.FecFin"), cn_).toInt(),
+                                         "tblTareas.IdEva = tblEvaluaciones.Id WHERE tblTareas.FecFin > "
+                                         "tblEvaluaciones.Fec OR tblTareas.FecIni > tblTareas.FecFin"),
+                          cn_)
+                 .toInt(),
              0);
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE FecIni < #2026/09/01#"), cn_).toInt(), 0);
+    QCOMPARE(
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTareas WHERE FecIni < #2026/09/01#"), cn_).toInt(),
+        0);
 }
 
 void TestSetup::demoWeightsSumToHundred()
@@ -400,9 +406,11 @@ void TestSetup::demoMarksWithinTheTypeRange()
 {
     const QString join = QStringLiteral("FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = tblTareas.Id) "
                                         "INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id ");
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N ") + join +
-                            QStringLiteral(
-                                "WHERE tblNotas.Nota < tblTareasTipos.Min OR tblNotas.Nota > tblTareasTipos.Max"), cn_).toInt(),
+    QCOMPARE(yearq::value(
+                 QStringLiteral("SELECT Count(*) AS N ") + join +
+                     QStringLiteral("WHERE tblNotas.Nota < tblTareasTipos.Min OR tblNotas.Nota > tblTareasTipos.Max"),
+                 cn_)
+                 .toInt(),
              0);
     // Nearly every student has a mark in every task, but not all.
     const int marks = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotas"), cn_).toInt();
@@ -412,22 +420,31 @@ void TestSetup::demoMarksWithinTheTypeRange()
     QCOMPARE(marks, demo_.demo.marks);
     // Not all alike: the adjusted marks spread over the scale.
     const double mean =
-        yearq::value(QStringLiteral("SELECT Avg(tblNotas.Nota / tblTareasTipos.Max * 10) AS A ") + join, cn_).toDouble();
+        yearq::value(QStringLiteral("SELECT Avg(tblNotas.Nota / tblTareasTipos.Max * 10) AS A ") + join, cn_)
+            .toDouble();
     QVERIFY2(mean > 5.5 && mean < 8.0, qPrintable(QString::number(mean)));
     QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N ") + join +
-                           QStringLiteral("WHERE tblNotas.Nota < tblTareasTipos.Max / 2"), cn_).toInt() > marks / 20);
-    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotas WHERE Obs Is Not Null"), cn_).toInt() > 100);
+                             QStringLiteral("WHERE tblNotas.Nota < tblTareasTipos.Max / 2"),
+                         cn_)
+                .toInt() > marks / 20);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotas WHERE Obs Is Not Null"), cn_).toInt() >
+            100);
 }
 
 void TestSetup::demoMarksBelongToTheTaskGroup()
 {
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = "
-                                       "tblTareas.Id) INNER JOIN tblAlumnos ON tblNotas.IdAlu = tblAlumnos.Id WHERE "
-                                       "tblAlumnos.Grupo <> tblTareas.IdGru"), cn_).toInt(),
-             0);
+    QCOMPARE(
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = "
+                                    "tblTareas.Id) INNER JOIN tblAlumnos ON tblNotas.IdAlu = tblAlumnos.Id WHERE "
+                                    "tblAlumnos.Grupo <> tblTareas.IdGru"),
+                     cn_)
+            .toInt(),
+        0);
     QCOMPARE(
         yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (SELECT IdTarea, IdAlu FROM tblNotas GROUP BY IdTarea, "
-                                  "IdAlu HAVING Count(*) > 1) AS D"), cn_).toInt(),
+                                    "IdAlu HAVING Count(*) > 1) AS D"),
+                     cn_)
+            .toInt(),
         0);
 }
 
@@ -460,9 +477,10 @@ void TestSetup::demoNamesCarryAccentsAndEnye()
     const int born =
         yearq::value(QStringLiteral("SELECT Max(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 1"), cn_).toInt();
     QCOMPARE(born, 2014);
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 4"), cn_).toInt() >=
-                 2008,
-             true);
+    QCOMPARE(
+        yearq::value(QStringLiteral("SELECT Min(Year(FecNac)) AS Y FROM tblAlumnos WHERE Grupo = 4"), cn_).toInt() >=
+            2008,
+        true);
 }
 
 void TestSetup::demoHasNoApostrophe()
@@ -494,7 +512,10 @@ void TestSetup::demoRubricsAddUp()
         QCOMPARE(rs.Value(QStringLiteral("A")).toInt(), rs.Value(QStringLiteral("B")).toInt());
         QVERIFY(rs.Value(QStringLiteral("A")).toInt() == 4 || rs.Value(QStringLiteral("A")).toInt() == 10);
     }
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasRubrica WHERE Valor > Max OR Valor < 0"), cn_).toInt(), 0);
+    QCOMPARE(
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasRubrica WHERE Valor > Max OR Valor < 0"), cn_)
+            .toInt(),
+        0);
     // Each rubric mark is the sum of its activities' points.
     rs.Open(
         QStringLiteral("SELECT tblNotas.Id, tblNotas.Nota, Sum(tblNotasRubrica.Valor / tblNotasRubrica.Max * "
@@ -513,38 +534,54 @@ void TestSetup::demoTimetableAndDiary()
 {
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioDias"), cn_).toInt(), 5);
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioHoras"), cn_).toInt(), 6);
-    QCOMPARE(
-        yearq::value(QStringLiteral("SELECT FORMAT(Ini,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 1"), cn_).toString(),
-        QStringLiteral("08:30"));
-    QCOMPARE(
-        yearq::value(QStringLiteral("SELECT FORMAT(Fin,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 6"), cn_).toString(),
-        QStringLiteral("14:10"));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT FORMAT(Ini,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 1"), cn_)
+                 .toString(),
+             QStringLiteral("08:30"));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT FORMAT(Fin,'HH:mm') AS H FROM tblHorarioHoras WHERE Orden = 6"), cn_)
+                 .toString(),
+             QStringLiteral("14:10"));
     QCOMPARE(yearq::value(QStringLiteral("SELECT Des FROM tblHorarioDias WHERE Orden = 1"), cn_).toString(),
              QStringLiteral("Luns"));
-    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat = 0"), cn_).toInt() >= 1);
-    const int lessons = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat > 0"), cn_).toInt();
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat = 0"), cn_).toInt() >=
+            1);
+    const int lessons =
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblHorarioSesiones WHERE IdMat > 0"), cn_).toInt();
     QCOMPARE(lessons, 24);
 
     // Two weeks of diary around the reference day, Wednesday 18 November 2026.
     QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase"), cn_).toInt(), 2 * lessons);
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Dia) AS D FROM tblDiarioClase"), cn_).toDate(), QDate(2026, 11, 9));
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Max(Dia) AS D FROM tblDiarioClase"), cn_).toDate(), QDate(2026, 11, 20));
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo < 0 OR Listo > 4"), cn_).toInt(), 0);
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Min(Dia) AS D FROM tblDiarioClase"), cn_).toDate(),
+             QDate(2026, 11, 9));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Max(Dia) AS D FROM tblDiarioClase"), cn_).toDate(),
+             QDate(2026, 11, 20));
+    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo < 0 OR Listo > 4"), cn_)
+                 .toInt(),
+             0);
     QCOMPARE(
-        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia < #2026/11/18# AND Des Is Null"), cn_).toInt(),
+        yearq::value(
+            QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia < #2026/11/18# AND Des Is Null"), cn_)
+            .toInt(),
         0);
-    QVERIFY(yearq::value(QStringLiteral(
-                           "SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia >= #2026/11/18# AND Des Is Null"), cn_).toInt() > 0);
+    QVERIFY(
+        yearq::value(
+            QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Dia >= #2026/11/18# AND Des Is Null"), cn_)
+            .toInt() > 0);
     QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblDiarioClase WHERE Listo = 4"), cn_).toInt() > 10);
 }
 
 void TestSetup::demoEvaluationAndFinalMarks()
 {
-    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Recuperar = True"), cn_).toInt() > 0);
-    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE NotaRec Is Not Null"), cn_).toInt() > 0);
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Nota < 0 OR Nota > 10"), cn_).toInt(), 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Recuperar = True"), cn_).toInt() >
+            0);
+    QVERIFY(
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE NotaRec Is Not Null"), cn_).toInt() >
+        0);
+    QCOMPARE(
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasEval WHERE Nota < 0 OR Nota > 10"), cn_).toInt(),
+        0);
     const int students =
-        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (SELECT DISTINCT IdAlu FROM tblNotasEval) AS D"), cn_).toInt();
+        yearq::value(QStringLiteral("SELECT Count(*) AS N FROM (SELECT DISTINCT IdAlu FROM tblNotasEval) AS D"), cn_)
+            .toInt();
     QVERIFY(students > 0 && students < 100);
     const int finals = yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblNotasFinal"), cn_).toInt();
     const int extraordinary =
@@ -562,10 +599,14 @@ void TestSetup::demoTutoringIsForTheTutoredGroup()
     QCOMPARE(yearq::value(outside.arg(QStringLiteral("tblTutoriaCitas")), cn_).toInt(), 0);
     QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaNotas"), cn_).toInt() > 0);
     QCOMPARE(yearq::value(outside.arg(QStringLiteral("tblTutoriaNotas")), cn_).toInt(), 0);
-    QCOMPARE(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaMaterias WHERE Cod = 'MAT' OR Cod = 'EF'"), cn_).toInt(),
+    QCOMPARE(yearq::value(
+                 QStringLiteral("SELECT Count(*) AS N FROM tblTutoriaMaterias WHERE Cod = 'MAT' OR Cod = 'EF'"), cn_)
+                 .toInt(),
              2);
-    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = True"), cn_).toInt() > 0);
-    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = False"), cn_).toInt() > 0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = True"), cn_).toInt() >
+            0);
+    QVERIFY(yearq::value(QStringLiteral("SELECT Count(*) AS N FROM tblIncidencias WHERE Listo = False"), cn_).toInt() >
+            0);
 }
 
 void TestSetup::demoIsDeterministic()

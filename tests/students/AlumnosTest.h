@@ -2,10 +2,10 @@
 // What the student screen tests share: the seeded year as the session's with
 // the screen harness (ScreenYear), the texts of a grid row, a double click on
 // a grid cell, and whether an action brings up a modal window.
+#include "core/Modulo.h"
 #include "support/ModalForm.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
-#include "core/Modulo.h"
 #include "ui/FlexGrid.h"
 
 #include <QtTest>

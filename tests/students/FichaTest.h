@@ -3,11 +3,11 @@
 // walks, the sheet opened on it or for a new student, the save pressed with
 // its message boxes answered, and the rows read back.
 #include "AlumnosTest.h"
+#include "students/frmAlumnos.h"
+#include "students/frmAlumnosFicha.h"
 #include "ui/Dialogs.h"
 #include "ui/MaskEdit.h"
 #include "ui/MsgBox.h"
-#include "students/frmAlumnos.h"
-#include "students/frmAlumnosFicha.h"
 
 #include <QComboBox>
 #include <QImage>

@@ -2,9 +2,9 @@
 // file dialog, the checks before importing, and the reading of ".alu" lines
 // from the sample files of tests/students/data.
 #include "AlumnosTest.h"
+#include "students/frmComunicacionRecibir.h"
 #include "ui/Dialogs.h"
 #include "ui/MsgBox.h"
-#include "students/frmComunicacionRecibir.h"
 
 #include <QComboBox>
 #include <QLabel>

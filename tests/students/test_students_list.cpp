@@ -1,13 +1,13 @@
 // The student list on a seeded year: the query and its filter, the grid, the
 // AV mark, the sheet opened to edit or add, the delete and the reports.
 #include "AlumnosTest.h"
-#include "ui/Colors.h"
-#include "ui/MsgBox.h"
 #include "reports/engine/ReportDocument.h"
 #include "reports/engine/ReportFiles.h"
 #include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnos.h"
 #include "students/frmAlumnosFicha.h"
+#include "ui/Colors.h"
+#include "ui/MsgBox.h"
 
 #include <QComboBox>
 #include <QLabel>

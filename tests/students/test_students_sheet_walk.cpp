@@ -2,9 +2,9 @@
 // the list's order and filter, a student chosen in the search dialog, the
 // consultation without buttons, and the entry conventions of its fields.
 #include "FichaTest.h"
+#include "students/frmAtopar.h"
 #include "ui/Colors.h"
 #include "ui/Dialogs.h"
-#include "students/frmAtopar.h"
 
 #include <QFrame>
 #include <QTabWidget>

@@ -2,8 +2,8 @@
 // A temporary installation (see TempInstall) opened as the program opens it:
 // the program folder set and the session on its year. Going, it closes the
 // session and forgets the folder.
-#include "support/TempInstall.h"
 #include "core/Modulo.h"
+#include "support/TempInstall.h"
 
 class OpenInstall : public TempInstall {
 public:

@@ -1,12 +1,12 @@
 #include "support/ReportFixture.h"
 #include "vb/Clock.h"
 
-#include "support/TempYear.h"
 #include "core/Modulo.h"
 #include "db/Connection.h"
 #include "db/Schema.h"
 #include "reports/engine/ReportFiles.h"
 #include "reports/engine/ReportSeams.h"
+#include "support/TempYear.h"
 
 #include <QDateTime>
 

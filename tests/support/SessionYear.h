@@ -7,8 +7,8 @@
 //     void cleanup() { session_.finish(); }
 //
 // ScreenYear (ScreenHarness.h) adds the screen harness for the tests of a screen.
-#include "support/TempYear.h"
 #include "core/Modulo.h"
+#include "support/TempYear.h"
 
 #include <memory>
 

@@ -1,8 +1,8 @@
 #include "support/TempInstall.h"
 
-#include "support/TempYear.h"
 #include "db/Connection.h"
 #include "db/Schema.h"
+#include "support/TempYear.h"
 
 #include <QDir>
 #include <QDirIterator>

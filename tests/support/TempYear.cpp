@@ -22,4 +22,7 @@ QString TempYear::sourceFile(const QString& relative)
     return QString::fromUtf8(f.readAll());
 }
 
-QString TempYear::seedSql() { return sourceFile(QStringLiteral("tests/db/seed.sql")); }
+QString TempYear::seedSql()
+{
+    return sourceFile(QStringLiteral("tests/db/seed.sql"));
+}

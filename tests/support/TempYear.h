@@ -12,7 +12,7 @@ public:
     enum class Fill { Empty, Seeded };
     explicit TempYear(Fill fill = Fill::Empty);
 
-    const QString& path() const { return path_; }  // .../Xestion.mdb
+    const QString& path() const { return path_; } // .../Xestion.mdb
     QString folder() const { return dir_.path(); }
     db::ConnectionPtr connect() const { return db::Connection::Open(path_); }
 

@@ -1,7 +1,7 @@
 // The conventions of entry fields: focus colour and selection, white on
 // leaving, Enter to the next field, the decimal comma, the search box.
-#include "support/ModalDriver.h"
 #include "core/Modulo.h"
+#include "support/ModalDriver.h"
 #include "ui/Colors.h"
 #include "ui/EntryConventions.h"
 #include "ui/Form.h"

@@ -1,8 +1,8 @@
 // The grid: shape and indices, fixed cells, sizes in twips,
 // colours, sorting, the wheel, binding and the list fill of the list screens.
-#include "support/SessionYear.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "support/SessionYear.h"
 #include "ui/Colors.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
@@ -71,7 +71,7 @@ private slots:
         const auto centre = [&](int row, int col) {
             return g.visualRect(g.model()->index(row - g.FixedRows(), col - g.FixedCols())).center();
         };
-        QCOMPARE(g.clippedTextAt(centre(1, 1)), longText); // cut short: the whole text
+        QCOMPARE(g.clippedTextAt(centre(1, 1)), longText);  // cut short: the whole text
         QCOMPARE(g.clippedTextAt(centre(1, 2)), QString()); // fits: no tooltip
         QCOMPARE(g.clippedTextAt(centre(2, 1)), QString());
         QCOMPARE(g.TextMatrix(1, 1), longText); // the cell keeps its text

@@ -1,6 +1,6 @@
 // RellenarCombo, OrdenarGrid and PulsarTecla on a seeded year.
-#include "support/SessionYear.h"
 #include "core/Modulo.h"
+#include "support/SessionYear.h"
 #include "ui/FlexGrid.h"
 #include "ui/UiFunciones.h"
 

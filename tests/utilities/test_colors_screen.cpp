@@ -2,12 +2,12 @@
 // a button's colour, black and a cancelled dialog change nothing, and the
 // accepted colours go to the globals at once and to color.ini and color2.ini
 // under the base folder, byte for byte.
+#include "masterdata/frmEvaluaciones.h"
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "ui/Colors.h"
 #include "ui/Dialogs.h"
 #include "ui/FlexGrid.h"
-#include "masterdata/frmEvaluaciones.h"
 #include "utilities/frmColor.h"
 
 #include <QPushButton>

@@ -1,12 +1,12 @@
 // The mouse wheel over the grid of a list screen: one line per notch, up or
 // down by the sign, whatever the size of the turn; a screen opened again gets
 // a grid of its own that scrolls the same, and the old one is gone.
-#include "support/SessionYear.h"
 #include "core/Modulo.h"
-#include "ui/FlexGrid.h"
-#include "ui/MsgBox.h"
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmTareasTipos.h"
+#include "support/SessionYear.h"
+#include "ui/FlexGrid.h"
+#include "ui/MsgBox.h"
 
 #include <QPointer>
 #include <QScrollBar>

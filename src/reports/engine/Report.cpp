@@ -2,14 +2,13 @@
 #include "vb/Clock.h"
 
 #include "db/Connection.h"
-#include "vb/RuntimeError.h"
 #include "reports/engine/ReportData.h"
 #include "reports/engine/ReportSeams.h"
 #include "reports/engine/SelectionFormula.h"
+#include "vb/RuntimeError.h"
 
 #include <QFile>
 #include <QFileInfo>
-
 
 namespace reports {
 

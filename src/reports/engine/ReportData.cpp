@@ -1,9 +1,9 @@
 #include "reports/engine/ReportData.h"
 
 #include "db/Recordset.h"
+#include "reports/engine/ReportErrors.h"
 #include "vb/RuntimeError.h"
 #include "vb/Vb.h"
-#include "reports/engine/ReportErrors.h"
 
 #include <QDateTime>
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 #include "reports/engine/ReportDefinition.h"
 
-#include "vb/RuntimeError.h"
 #include "reports/engine/ReportErrors.h"
+#include "vb/RuntimeError.h"
 
 #include <QRegularExpression>
 

@@ -1,7 +1,7 @@
 #include "reports/engine/SelectionFormula.h"
 
-#include "vb/RuntimeError.h"
 #include "reports/engine/ReportErrors.h"
+#include "vb/RuntimeError.h"
 
 #include <QList>
 

@@ -2,13 +2,13 @@
 #include "vb/Clock.h"
 
 #include "core/Modulo.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportSeams.h"
+#include "reports/viewers/PrinterOutput.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
 #include "ui/RuntimeErrorBox.h"
 #include "vb/Vb.h"
-#include "reports/engine/Report.h"
-#include "reports/engine/ReportSeams.h"
-#include "reports/viewers/PrinterOutput.h"
 
 #include <QDir>
 #include <QHBoxLayout>

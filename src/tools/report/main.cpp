@@ -6,12 +6,12 @@
 // FichaAlumno) reads Impresion/Impresion.mdb under the current directory.
 #include "core/Modulo.h"
 #include "core/RuntimeFolder.h"
-#include "vb/Clock.h"
-#include "vb/RuntimeError.h"
 #include "reports/engine/Catalogue.h"
 #include "reports/engine/Report.h"
-#include "reports/engine/ReportSeams.h"
 #include "reports/engine/ReportErrors.h"
+#include "reports/engine/ReportSeams.h"
+#include "vb/Clock.h"
+#include "vb/RuntimeError.h"
 
 #include <QCommandLineParser>
 #include <QDate>

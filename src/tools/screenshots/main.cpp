@@ -2,11 +2,11 @@
 // on a fresh demo year to OUTDIR/<name>.png, for checking layouts by eye.
 // Run it under a display server (`xvfb-run -a`); with NAMEs only those.
 #include "core/Modulo.h"
+#include "setup/Setup.h"
+#include "tools/screenshots/Screens.h"
 #include "ui/MsgBox.h"
 #include "ui/Printers.h"
 #include "ui/RuntimeErrorBox.h"
-#include "setup/Setup.h"
-#include "tools/screenshots/Screens.h"
 
 #include <QDeadlineTimer>
 #include <QDir>

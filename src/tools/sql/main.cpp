@@ -52,7 +52,10 @@ QString cell(const QVariant& v)
     return s;
 }
 
-bool isQuery(const db::Translation& t) { return t.kind != db::Translation::Kind::Command; }
+bool isQuery(const db::Translation& t)
+{
+    return t.kind != db::Translation::Kind::Command;
+}
 
 } // namespace
 
