@@ -1,6 +1,11 @@
 # Cadernia: the two commands a newcomer needs are `make run` and `make test`.
 BUILD ?= build
 JOBS  ?= $(shell nproc)
+# Ninja and ccache when the machine has them (scripts/install-deps installs
+# both); paths relative to the checkout, so that another clone hits the cache.
+GENERATOR = $(if $(shell command -v ninja),-G Ninja)
+LAUNCHER  = $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+export CCACHE_BASEDIR := $(CURDIR)
 
 .PHONY: all deps configure build test run screenshots bench format format-check clean reliability fuzz sanitize
 
@@ -10,7 +15,7 @@ deps:
 	@scripts/install-deps
 
 $(BUILD)/CMakeCache.txt:
-	cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake -S . -B $(BUILD) $(GENERATOR) $(LAUNCHER) -DCMAKE_BUILD_TYPE=RelWithDebInfo
 
 configure: deps $(BUILD)/CMakeCache.txt
 
