@@ -145,7 +145,6 @@ void disarm()
 {
     g_count = 0;
     g_failAt = 0;
-    g_fired = false;
 }
 
 int operations()

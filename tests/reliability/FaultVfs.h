@@ -16,11 +16,12 @@ enum class Fault { DiskFull, IoError };
 void install();
 // Counting starts afresh; the nth write or sync from now fails with `fault`.
 void arm(int nth, Fault fault);
-// Counting starts afresh and nothing fails.
+// Counting starts afresh and nothing fails; fired() still tells of the
+// last armed failure.
 void disarm();
 // The writes and syncs seen since the last arm or disarm.
 int operations();
-// Whether the armed failure has happened.
+// Whether the failure armed last has happened.
 bool fired();
 
 } // namespace faultvfs

@@ -74,6 +74,21 @@ class TestFaultInjection : public QObject {
         return faultvfs::operations();
     }
 
+    // Runs `operation` with its kth write or sync failing; whether it failed
+    // (as a run-time error). faultvfs::fired() tells whether the fault came.
+    static bool failsAt(int k, faultvfs::Fault fault, const std::function<void()>& operation)
+    {
+        faultvfs::arm(k, fault);
+        bool failed = false;
+        try {
+            operation();
+        } catch (const RuntimeError&) {
+            failed = true;
+        }
+        faultvfs::disarm();
+        return failed;
+    }
+
 private slots:
     void initTestCase() { faultvfs::install(); }
     void cleanup() { faultvfs::disarm(); }
@@ -93,16 +108,8 @@ private slots:
             for (int k = 1; k <= n; ++k) {
                 setUp();
                 const QString before = contents(year->path());
-                faultvfs::arm(k, fault);
-                bool failed = false;
-                try {
-                    write();
-                } catch (const RuntimeError&) {
-                    failed = true;
-                }
-                const bool fired = faultvfs::fired();
-                faultvfs::disarm();
-                QVERIFY2(fired, qPrintable(QStringLiteral("write or sync %1 was never reached").arg(k)));
+                const bool failed = failsAt(k, fault, write);
+                QVERIFY2(faultvfs::fired(), qPrintable(QStringLiteral("write or sync %1 was never reached").arg(k)));
                 QCOMPARE(integrity(year->path()), QStringLiteral("ok"));
                 QCOMPARE(leftovers(year->folder()), QStringList());
                 const QString after = contents(year->path());
@@ -152,15 +159,8 @@ private slots:
         for (const faultvfs::Fault fault : kFaults) {
             for (int k = 1; k <= n; ++k) {
                 setUp();
-                faultvfs::arm(k, fault);
-                bool failed = false;
-                try {
-                    copy();
-                } catch (const RuntimeError&) {
-                    failed = true;
-                }
+                const bool failed = failsAt(k, fault, copy);
                 QVERIFY(faultvfs::fired());
-                faultvfs::disarm();
                 QCOMPARE(bytesOf(year.path()), yearBytes);
                 if (failed) {
                     ++failures;
@@ -193,15 +193,8 @@ private slots:
         for (const faultvfs::Fault fault : kFaults) {
             for (int k = 1; k <= n; ++k) {
                 setUp();
-                faultvfs::arm(k, fault);
-                bool failed = false;
-                try {
-                    copy();
-                } catch (const RuntimeError&) {
-                    failed = true;
-                }
+                const bool failed = failsAt(k, fault, copy);
                 QVERIFY(faultvfs::fired());
-                faultvfs::disarm();
                 QCOMPARE(bytesOf(year.path()), yearBytes);
                 const QString made = next + QStringLiteral("/Xestion.mdb");
                 if (failed)

@@ -8,6 +8,28 @@
 #include <QVBoxLayout>
 #include <QtTest>
 
+// A date box and a field after it, shown and active.
+struct DateForm {
+    explicit DateForm(bool obsConventions = true) : mskFec(new MaskEdit(&form)), txtObs(new QLineEdit(&form))
+    {
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(mskFec);
+        layout->addWidget(txtObs);
+        ui::installDateConventions(mskFec);
+        if (obsConventions)
+            ui::installEntryConventions(txtObs);
+    }
+    bool shown()
+    {
+        form.show();
+        form.activateWindow();
+        return QTest::qWaitForWindowActive(&form);
+    }
+    QWidget form;
+    MaskEdit* mskFec;
+    QLineEdit* txtObs;
+};
+
 class TestMaskEdit : public QObject {
     Q_OBJECT
 
@@ -75,17 +97,10 @@ private slots:
 
     void dateFieldMasksOnFocusAndEmptiesOnLeaving()
     {
-        QWidget form;
-        auto* mskFec = new MaskEdit(&form);
-        auto* txtObs = new QLineEdit(&form);
-        auto* layout = new QVBoxLayout(&form);
-        layout->addWidget(mskFec);
-        layout->addWidget(txtObs);
-        ui::installDateConventions(mskFec);
-        ui::installEntryConventions(txtObs);
-        form.show();
-        form.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        DateForm f;
+        MaskEdit* mskFec = f.mskFec;
+        QLineEdit* txtObs = f.txtObs;
+        QVERIFY(f.shown());
         txtObs->setFocus();
 
         mskFec->setFocus(Qt::TabFocusReason);
@@ -111,18 +126,11 @@ private slots:
     void aClickIntoADateStartsTypingAtItsFirstPosition()
     {
         QFETCH(QString, before);
-        QWidget form;
-        auto* mskFec = new MaskEdit(&form);
-        auto* txtObs = new QLineEdit(&form);
-        auto* layout = new QVBoxLayout(&form);
-        layout->addWidget(mskFec);
-        layout->addWidget(txtObs);
-        ui::installDateConventions(mskFec);
-        ui::installEntryConventions(txtObs);
+        DateForm f;
+        MaskEdit* mskFec = f.mskFec;
+        QLineEdit* txtObs = f.txtObs;
         mskFec->setText(before);
-        form.show();
-        form.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        QVERIFY(f.shown());
         txtObs->setFocus(Qt::TabFocusReason);
         QTest::mouseClick(mskFec, Qt::LeftButton, {}, QPoint(mskFec->width() - 8, mskFec->height() / 2));
         QCOMPARE(QApplication::focusWidget(), mskFec);
@@ -135,16 +143,10 @@ private slots:
 
     void filledDateStaysOnLeaving()
     {
-        QWidget form;
-        auto* mskFec = new MaskEdit(&form);
-        auto* txtObs = new QLineEdit(&form);
-        auto* layout = new QVBoxLayout(&form);
-        layout->addWidget(mskFec);
-        layout->addWidget(txtObs);
-        ui::installDateConventions(mskFec);
-        form.show();
-        form.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&form));
+        DateForm f(false);
+        MaskEdit* mskFec = f.mskFec;
+        QLineEdit* txtObs = f.txtObs;
+        QVERIFY(f.shown());
         mskFec->setFocus(Qt::TabFocusReason);
         mskFec->setCursorPosition(0);
         QTest::keyClicks(mskFec, QStringLiteral("01022025"));
