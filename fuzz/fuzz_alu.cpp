@@ -1,31 +1,24 @@
 // An .alu class list read into tblAlumnos of a year with one group.
 //
-// The import screen (frmComunicacionRecibir) keeps its reading inside the
-// form: the decoding of the file and the splitting of each line are private
-// to it. Until they are a free function of their own, this target repeats
-// those few lines as they stand there and fuzzes what they feed: a recordset
+// The file is read into lines by the import's own reader (students/
+// ImportText: UTF-8 or Windows-1252 line by line); the splitting of each
+// line into fields is the form's, repeated here as it stands there, and
+// fuzzed with what it feeds: a recordset
 // of tblAlumnos taking any key, surnames and name, row by row, the first row
 // the database refuses ending the import. A RuntimeError is a normal answer.
 // Every input runs in a transaction that is rolled back.
 #include "FuzzYear.h"
 #include "db/Recordset.h"
+#include "students/ImportText.h"
 #include "vb/RuntimeError.h"
-
-#include <QStringDecoder>
-#include <QTextStream>
-
-#include <sqlite3.h>
 
 namespace {
 
-// As frmComunicacionRecibir: UTF-8, or Latin-1 when the bytes are not UTF-8.
-QString decode(const QByteArray& bytes)
+// A field's text ends at a NUL character, as in frmComunicacionRecibir.
+QString untilNul(const QString& field)
 {
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    QString text = utf8.decode(bytes);
-    if (utf8.hasError())
-        text = QString::fromLatin1(bytes);
-    return text;
+    const qsizetype nul = field.indexOf(QChar(0));
+    return nul < 0 ? field : field.left(nul);
 }
 
 // The 1-based position of `mark` from `start` on; 0 when there is none.
@@ -35,23 +28,21 @@ qsizetype position(qsizetype start, const QString& text, QChar mark)
 }
 
 // As frmComunicacionRecibir::Actualizar.
-void import(const db::ConnectionPtr& cn, QString text, const QVariant& group)
+void import(const db::ConnectionPtr& cn, const QByteArray& bytes, const QVariant& group)
 {
     db::Recordset rs;
     rs.Open(QStringLiteral("SELECT * FROM tblAlumnos"), cn);
-    QTextStream lines(&text, QIODevice::ReadOnly);
-    while (!lines.atEnd()) {
-        const QString line = lines.readLine();
+    for (const QString& line : students::importLines(bytes)) {
         const qsizetype p1 = position(1, line, u'#');
         rs.AddNew();
         if (p1 > 1)
-            rs.Fields(QStringLiteral("Id")) = line.left(p1 - 1);
+            rs.Fields(QStringLiteral("Id")) = untilNul(line.left(p1 - 1));
         const qsizetype p2 = position(p1 + 1, line, u'#');
         if (p2 - p1 - 1 > 0)
-            rs.Fields(QStringLiteral("Ape")) = line.mid(p1, p2 - p1 - 1);
+            rs.Fields(QStringLiteral("Ape")) = untilNul(line.mid(p1, p2 - p1 - 1));
         const qsizetype p3 = position(p2 + 1, line, u'#');
         if (p3 - p2 - 1 > 0)
-            rs.Fields(QStringLiteral("Nom")) = line.mid(p2, p3 - p2 - 1);
+            rs.Fields(QStringLiteral("Nom")) = untilNul(line.mid(p2, p3 - p2 - 1));
         rs.Fields(QStringLiteral("Grupo")) = group;
         if (p1 <= 1) {
             rs.CancelUpdate();
@@ -74,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     }();
     cn->ExecuteNative(QStringLiteral("BEGIN"));
     try {
-        import(cn, decode(QByteArray(reinterpret_cast<const char*>(data), qsizetype(size))), 1);
+        import(cn, QByteArray(reinterpret_cast<const char*>(data), qsizetype(size)), 1);
     } catch (const RuntimeError&) {
     }
     cn->ExecuteNative(QStringLiteral("ROLLBACK"));

@@ -1,5 +1,6 @@
 #include "ui/RuntimeErrorBox.h"
 
+#include "ui/FocusStyle.h"
 #include "ui/MsgBox.h"
 
 #include <cstdio>
@@ -55,6 +56,11 @@ void handleRuntimeError(const RuntimeError& error)
 }
 
 } // namespace ui
+
+GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv)
+{
+    setStyle(new ui::FocusStyle);
+}
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event)
 {

@@ -48,10 +48,11 @@ bool guardRuntime(F&& body)
 
 } // namespace ui
 
-// A QApplication whose event delivery ends in the run-time error handler
-// instead of letting a RuntimeError unwind through Qt.
+// The program's QApplication: its event delivery ends in the run-time error
+// handler instead of letting a RuntimeError unwind through Qt, and its
+// screens are drawn in the program's style (ui::FocusStyle).
 class GuardedApplication : public QApplication {
 public:
-    GuardedApplication(int& argc, char** argv) : QApplication(argc, argv) {}
+    GuardedApplication(int& argc, char** argv);
     bool notify(QObject* receiver, QEvent* event) override;
 };
