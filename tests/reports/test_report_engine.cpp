@@ -58,7 +58,46 @@ ORDER BY tblAlumnos.Grupo, tblAlumnos.Ape
 class TestReportEngine : public QObject {
     Q_OBJECT
 
+    // A body of headed tables: `rows` rows under each heading.
+    static QString headedTables(const QStringList& headings, int rows)
+    {
+        QString html;
+        for (const QString& h : headings) {
+            html += QStringLiteral("<h2>%1</h2><table width=\"100%\"><thead><tr><th>Alumno</th></tr></thead>").arg(h);
+            for (int r = 0; r < rows; ++r)
+                html += QStringLiteral("<tr><td>Alumno %1</td></tr>").arg(r);
+            html += QStringLiteral("</table><p class=\"total\">Fin</p>");
+        }
+        return html;
+    }
+
 private slots:
+    void aTableRunningOntoANewPageOpensItWithItsHeadingContinued()
+    {
+        PageHeader header;
+        header.title = QStringLiteral("INFORME DE NOTAS FINAIS");
+        ReportDocument doc(QStringLiteral("NotasFinais"), headedTables({QStringLiteral("Inglés · 2º ESO A")}, 90),
+                           header, false);
+        QVERIFY(doc.pageCount() >= 2);
+        QCOMPARE(doc.continuationOf(0), QString());
+        QCOMPARE(doc.continuationOf(1), QStringLiteral("Inglés · 2º ESO A (continuación)"));
+    }
+
+    void aTableThatEndsOnItsPageContinuesNothing()
+    {
+        PageHeader header;
+        header.title = QStringLiteral("ALUMNOS POR GRUPOS");
+        QString html = headedTables({QStringLiteral("Grupo 1º ESO A")}, 5);
+        html += QStringLiteral("<h2 style=\"margin-top: 0px; page-break-before: always\">Grupo 1º ESO B</h2><p>x</p>");
+        ReportDocument doc(QStringLiteral("AlumnosGrupo"), html, header, false);
+        QCOMPARE(doc.pageCount(), 2);
+        QCOMPARE(doc.continuationOf(1), QString());
+        // Without headings no line is kept for it at all.
+        ReportDocument plain(QStringLiteral("Alumnos"), QStringLiteral("<table><tr><td>a</td></tr></table>"), header,
+                             false);
+        QCOMPARE(plain.continuationOf(1), QString());
+    }
+
     void initTestCase() { MsgBox::setUnscriptedFatal(true); }
 
     // ---------------------------------------------------- selection formulas

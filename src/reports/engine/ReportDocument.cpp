@@ -6,6 +6,7 @@
 #include <QAbstractTextDocumentLayout>
 #include <QCoreApplication>
 #include <QFile>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPdfWriter>
@@ -99,6 +100,15 @@ void setupDocument(QTextDocument& doc, qreal width)
     doc.setTextWidth(width);
 }
 
+// The font of a continuation line, in layout units of `dpi`.
+QFont continuationFont(qreal dpi)
+{
+    QFont font(kFontFamily);
+    font.setPixelSize(qRound(10 * dpi / 72.0));
+    font.setBold(true);
+    return font;
+}
+
 qreal mmToUnits(qreal mm, qreal dpi)
 {
     return mm / 25.4 * dpi;
@@ -170,6 +180,22 @@ ReportDocument::ReportDocument(const QString& name, const QString& bodyHtml, con
     body_->setHtml(bodyHtml);
     bodyHeight_ = height_ - headerHeight_ - footerHeight_;
     body_->setPageSize(QSizeF(width_, bodyHeight_));
+    // When a table under a heading runs onto another page, every page keeps
+    // a line at its top for "<heading> (continuación)", and the body is laid
+    // out again in the room that is left.
+    if (pageCount() > 1 && bodyHtml.contains(QLatin1String("<table")) &&
+        (bodyHtml.contains(QLatin1String("<h2")) || bodyHtml.contains(QLatin1String("<h3")))) {
+        continuationHeight_ = QFontMetricsF(continuationFont(dpi_)).height() * 1.6;
+        bool continues = false;
+        for (int page = 1; page < pageCount() && !continues; ++page)
+            continues = !continuationOf(page).isEmpty();
+        if (continues) {
+            bodyHeight_ -= continuationHeight_;
+            body_->setPageSize(QSizeF(width_, bodyHeight_));
+        } else {
+            continuationHeight_ = 0;
+        }
+    }
 }
 
 ReportDocument::~ReportDocument() = default;
@@ -227,6 +253,30 @@ void ReportDocument::computePageBottoms() const
     }
 }
 
+QString ReportDocument::continuationOf(int page) const
+{
+    if (continuationHeight_ <= 0 || page <= 0 || page >= pageCount())
+        return {};
+    const qreal pageTop = page * bodyHeight_;
+    QAbstractTextDocumentLayout* layout = body_->documentLayout();
+    for (QTextFrame* frame : body_->rootFrame()->childFrames()) {
+        auto* table = qobject_cast<QTextTable*>(frame);
+        if (!table)
+            continue;
+        // The heading is the block just before the table. A table goes on
+        // from an earlier page when its heading stands above this page's
+        // top and the table below it: split by the page, or pushed whole
+        // onto this page away from its heading.
+        const QTextBlock heading = body_->findBlock(table->firstPosition()).previous();
+        if (!heading.isValid() || heading.blockFormat().headingLevel() <= 0 || heading.text().trimmed().isEmpty())
+            continue;
+        if (layout->blockBoundingRect(heading).top() < pageTop - 1 &&
+            layout->frameBoundingRect(table).bottom() > pageTop + 1)
+            return heading.text().trimmed() + QStringLiteral(" (continuación)");
+    }
+    return {};
+}
+
 void ReportDocument::drawPage(QPainter& painter, int page) const
 {
     const qreal pt = dpi_ / 72.0;
@@ -238,11 +288,25 @@ void ReportDocument::drawPage(QPainter& painter, int page) const
     painter.setPen(QPen(kRule, 1.2 * pt));
     painter.drawLine(QPointF(0, ruleY), QPointF(width_, ruleY));
 
+    // The heading of a table that goes on from the page before.
+    const QString continuation = continuationOf(page);
+    if (!continuation.isEmpty()) {
+        painter.save();
+        painter.setFont(continuationFont(dpi_));
+        painter.setPen(QColor(0x1f, 0x3a, 0x5f));
+        painter.drawText(QRectF(0, headerHeight_, width_, continuationHeight_), Qt::AlignLeft | Qt::AlignVCenter,
+                         continuation);
+        painter.restore();
+    }
+
     // Body: the slice of the document that falls on this page.
     painter.save();
-    painter.translate(0, headerHeight_ - page * bodyHeight_);
-    // A little room at the sides for the borders of full-width tables.
-    const QRectF slice(-2 * pt, page * bodyHeight_, width_ + 4 * pt, pageBottoms_[page] - page * bodyHeight_ + pt);
+    painter.translate(0, headerHeight_ + continuationHeight_ - page * bodyHeight_);
+    // A little room at the sides for the borders of full-width tables
+    // (and below, but never into the next page, whose first heading the
+    // layout may place a fraction of a unit above the page's edge).
+    const qreal bottom = qMin(pageBottoms_[page] + pt, (page + 1) * bodyHeight_ - 1);
+    const QRectF slice(-2 * pt, page * bodyHeight_, width_ + 4 * pt, bottom - page * bodyHeight_);
     painter.setClipRect(slice);
     QAbstractTextDocumentLayout::PaintContext ctx;
     ctx.clip = slice;

@@ -50,6 +50,10 @@ public:
     // The rules of the house style that a body uses.
     static QString houseStyleFor(const QString& html);
 
+    // The line a page opens with when a table under a heading runs onto it
+    // from the page before: "<heading> (continuación)"; "" otherwise.
+    QString continuationOf(int page) const;
+
 private:
     void layoutHeader();
     void drawPage(QPainter& painter, int page) const;
@@ -65,6 +69,7 @@ private:
     qreal headerHeight_ = 0;
     qreal footerHeight_ = 0;
     qreal bodyHeight_ = 0;
+    qreal continuationHeight_ = 0; // a line kept at the top of the body for it
     std::unique_ptr<QTextDocument> body_;
     std::unique_ptr<QTextDocument> top_;
     mutable QVector<qreal> pageBottoms_;
