@@ -547,6 +547,8 @@ void FlexGrid::setRedraw(bool redraw)
 
 void FlexGrid::Clear()
 {
+    // A grid filled anew is in no sorted order.
+    topHeader_->setSortIndicatorShown(false);
     for (Line& line : lines_)
         std::fill(line.begin(), line.end(), Cell{});
     formats_.assign(1, Format{});

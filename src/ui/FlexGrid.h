@@ -111,7 +111,8 @@ public:
     // texts are numbers, other texts in the Spanish order without case.
     // Rows with equal keys keep their order.
     void Sort(int col, bool ascending);
-    // The arrow of a sort by a title click on the title of `col`; -1 hides it.
+    // The arrow of a sort by a title click on the title of `col`; a column
+    // below the titles' first one hides it, and so does Clear().
     void showSortIndicator(int col, bool ascending);
     // The whole text of the body cell under a point of the viewport when the
     // cell shows it cut short; "" when it fits or there is no cell.

@@ -409,6 +409,11 @@ private slots:
         clickTitle(g, 2);
         QCOMPARE(titles->sortIndicatorSection(), 2 - g.FixedCols());
         QCOMPARE(titles->sortIndicatorOrder(), Qt::AscendingOrder);
+        // Deleting a mark fills the grid anew, in the students' order: no arrow.
+        g.setRow(1);
+        MsgBox::setNextAnswer(vbYes);
+        click(f.cmdBorrar);
+        QVERIFY(!titles->isSortIndicatorShown());
     }
 
     void aNewOpeningForgetsTheLastSort()
