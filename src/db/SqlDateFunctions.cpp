@@ -161,10 +161,8 @@ void dateDiff(sqlite3_context* ctx, int argc, sqlite3_value** argv)
 
 void registerDateFunctions(sqlite3* db)
 {
-    const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    sqlite3_create_function_v2(db, "jet_date_add", 2, flags, nullptr, dateAdd, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(db, "jet_dateadd", 3, flags, nullptr, dateAddInterval, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(db, "jet_datediff", 3, flags, nullptr, dateDiff, nullptr, nullptr, nullptr);
+    registerScalars(db,
+                    {{"jet_date_add", 2, dateAdd}, {"jet_dateadd", 3, dateAddInterval}, {"jet_datediff", 3, dateDiff}});
 }
 
 } // namespace db::detail

@@ -534,46 +534,44 @@ int compareSpanish(const QString& a, const QString& b)
     return c < 0 ? -1 : c > 0 ? 1 : 0;
 }
 
-void registerSqlFunctions(sqlite3* db)
+void detail::registerScalars(sqlite3* db, std::initializer_list<Scalar> scalars)
 {
-    struct Scalar {
-        const char* name;
-        int args;
-        void (*fn)(sqlite3_context*, int, sqlite3_value**);
-        bool deterministic;
-    };
-    const Scalar scalars[] = {
-        {"jet_concat", -1, jetConcat, true},
-        {"jet_div", 2, jetDiv, true},
-        {"jet_idiv", 2, wholeDivision<quotient>, true},
-        {"jet_mod", 2, wholeDivision<remainder>, true},
-        {"jet_pow", 2, jetPow, true},
-        {"jet_format", 2, jetFormat, true},
-        {"jet_format", 1, jetFormat, true},
-        {"jet_str", 1, jetStr, true},
-        {"jet_ucase", 1, unary<upperCase>, true},
-        {"jet_lcase", 1, unary<lowerCase>, true},
-        {"jet_cstr", 1, unary<toText>, true},
-        {"jet_cint", 1, unary<toInteger>, true},
-        {"jet_clng", 1, unary<toLong>, true},
-        {"jet_cdbl", 1, unary<toDouble>, true},
-        {"jet_csng", 1, unary<toSingle>, true},
-        {"jet_int", 1, unary<wholePart>, true},
-        {"jet_round", 1, jetRound, true},
-        {"jet_round", 2, jetRound, true},
-        {"jet_val", 1, jetVal, true},
-        {"jet_right", 2, jetRight, true},
-        {"jet_now", 0, jetNow, false},
-        {"jet_date", 0, jetDate, false},
-        {"jet_year", 1, unary<datePart<0>>, true},
-        {"jet_month", 1, unary<datePart<1>>, true},
-        {"jet_day", 1, unary<datePart<2>>, true},
-        {"like", 2, likeFunction, true},
-        {"like", 3, likeFunction, true},
-    };
     for (const Scalar& s : scalars)
         sqlite3_create_function_v2(db, s.name, s.args, SQLITE_UTF8 | (s.deterministic ? SQLITE_DETERMINISTIC : 0),
                                    nullptr, s.fn, nullptr, nullptr, nullptr);
+}
+
+void registerSqlFunctions(sqlite3* db)
+{
+    registerScalars(db, {
+                            {"jet_concat", -1, jetConcat, true},
+                            {"jet_div", 2, jetDiv, true},
+                            {"jet_idiv", 2, wholeDivision<quotient>, true},
+                            {"jet_mod", 2, wholeDivision<remainder>, true},
+                            {"jet_pow", 2, jetPow, true},
+                            {"jet_format", 2, jetFormat, true},
+                            {"jet_format", 1, jetFormat, true},
+                            {"jet_str", 1, jetStr, true},
+                            {"jet_ucase", 1, unary<upperCase>, true},
+                            {"jet_lcase", 1, unary<lowerCase>, true},
+                            {"jet_cstr", 1, unary<toText>, true},
+                            {"jet_cint", 1, unary<toInteger>, true},
+                            {"jet_clng", 1, unary<toLong>, true},
+                            {"jet_cdbl", 1, unary<toDouble>, true},
+                            {"jet_csng", 1, unary<toSingle>, true},
+                            {"jet_int", 1, unary<wholePart>, true},
+                            {"jet_round", 1, jetRound, true},
+                            {"jet_round", 2, jetRound, true},
+                            {"jet_val", 1, jetVal, true},
+                            {"jet_right", 2, jetRight, true},
+                            {"jet_now", 0, jetNow, false},
+                            {"jet_date", 0, jetDate, false},
+                            {"jet_year", 1, unary<datePart<0>>, true},
+                            {"jet_month", 1, unary<datePart<1>>, true},
+                            {"jet_day", 1, unary<datePart<2>>, true},
+                            {"like", 2, likeFunction, true},
+                            {"like", 3, likeFunction, true},
+                        });
     sqlite3_create_function_v2(db, "jet_first", 1, SQLITE_UTF8, nullptr, nullptr, pickStep<false>, pickFinal, nullptr);
     sqlite3_create_function_v2(db, "jet_last", 1, SQLITE_UTF8, nullptr, nullptr, pickStep<true>, pickFinal, nullptr);
     sqlite3_create_collation_v2(db, JetSql::kCollation, SQLITE_UTF8, nullptr, collateSpanish, nullptr);

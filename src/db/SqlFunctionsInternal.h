@@ -7,6 +7,8 @@
 
 #include <QString>
 
+#include <initializer_list>
+
 struct sqlite3;
 struct sqlite3_context;
 struct sqlite3_value;
@@ -32,6 +34,15 @@ void guarded(sqlite3_context* ctx, F body)
 bool anyNull(int argc, sqlite3_value** argv);
 // A numeric argument; a text is read as the conversions read it.
 double number(sqlite3_value* v);
+
+// A scalar function of the dialect, as registered on a connection.
+struct Scalar {
+    const char* name;
+    int args;
+    void (*fn)(sqlite3_context*, int, sqlite3_value**);
+    bool deterministic = true;
+};
+void registerScalars(sqlite3* db, std::initializer_list<Scalar> scalars);
 
 void registerDateFunctions(sqlite3* db);
 void registerWriteChecks(sqlite3* db);

@@ -92,10 +92,8 @@ void checkText(sqlite3_context* ctx, int, sqlite3_value** argv)
 
 void registerWriteChecks(sqlite3* db)
 {
-    const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    sqlite3_create_function_v2(db, "jet_single", 1, flags, nullptr, single, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(db, "jet_check_text", 2, flags, nullptr, checkText, nullptr, nullptr, nullptr);
-    sqlite3_create_function_v2(db, "jet_check_range", 3, flags, nullptr, checkRange, nullptr, nullptr, nullptr);
+    registerScalars(db,
+                    {{"jet_single", 1, single}, {"jet_check_text", 2, checkText}, {"jet_check_range", 3, checkRange}});
 }
 
 } // namespace db::detail

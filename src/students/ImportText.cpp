@@ -1,5 +1,8 @@
 #include "students/ImportText.h"
 
+#include "db/Recordset.h"
+#include "vb/RuntimeError.h"
+
 #include <QStringDecoder>
 
 namespace students {
@@ -22,6 +25,19 @@ QString fromWindows1252(QByteArrayView bytes)
         *out++ = QChar(b >= 0x80 && b < 0xA0 ? kCp1252High[b - 0x80] : char16_t(b));
     }
     return text;
+}
+
+// The position of the first `mark` from `start` on, both counted from 1; 0
+// when there is none (also when start lies past the end).
+qsizetype posicion(qsizetype start, const QString& text, QChar mark)
+{
+    return text.indexOf(mark, start - 1) + 1;
+}
+
+QString untilNul(const QString& field)
+{
+    const qsizetype nul = field.indexOf(QChar(0));
+    return nul < 0 ? field : field.left(nul);
 }
 
 } // namespace
@@ -51,6 +67,30 @@ QStringList importLines(const QByteArray& bytes)
         start = end + 1;
     }
     return lines;
+}
+
+void importStudents(db::Recordset& alumnos, const QStringList& lines, const QVariant& group)
+{
+    for (const QString& line : lines) {
+        const qsizetype p1 = posicion(1, line, u'#');
+        alumnos.AddNew();
+        if (p1 > 1)
+            alumnos.Fields(QStringLiteral("Id")) = untilNul(line.left(p1 - 1));
+        const qsizetype p2 = posicion(p1 + 1, line, u'#');
+        if (p2 - p1 - 1 > 0)
+            alumnos.Fields(QStringLiteral("Ape")) = untilNul(line.mid(p1, p2 - p1 - 1));
+        const qsizetype p3 = posicion(p2 + 1, line, u'#');
+        if (p3 - p2 - 1 > 0)
+            alumnos.Fields(QStringLiteral("Nom")) = untilNul(line.mid(p2, p3 - p2 - 1));
+        alumnos.Fields(QStringLiteral("Grupo")) = group;
+        // The key comes only from the file, never numbered by the engine.
+        if (p1 <= 1) {
+            alumnos.CancelUpdate();
+            throw RuntimeError(RuntimeError::DatabaseError,
+                               QStringLiteral("El índice o la clave principal no puede contener un valor Null."));
+        }
+        alumnos.Update();
+    }
 }
 
 } // namespace students

@@ -6,6 +6,11 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
+
+namespace db {
+class Recordset;
+}
 
 namespace students {
 
@@ -14,5 +19,14 @@ QStringList importLines(const QByteArray& bytes);
 
 // One line's bytes as text.
 QString decodeImportLine(QByteArrayView line);
+
+// Adds a student to the open recordset of tblAlumnos for each line, in the
+// group given. Each field of a line is closed by "#": key, surnames, name; a
+// field that is not there, or empty, leaves its column unset, and its text
+// ends at a NUL character, as a string of the runtime does when it reaches
+// the database. A line without a key is refused as the database refuses a
+// Null key (run-time error, nothing of that line written); the lines before
+// it stay.
+void importStudents(db::Recordset& alumnos, const QStringList& lines, const QVariant& group);
 
 } // namespace students

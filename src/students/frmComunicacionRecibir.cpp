@@ -45,21 +45,6 @@ bool findDescription(db::Recordset& rs, const QString& des)
     return !rs.Eof();
 }
 
-// The position of the first `mark` from `start` on, both counted from 1; 0
-// when there is none (also when start lies past the end).
-qsizetype posicion(qsizetype start, const QString& text, QChar mark)
-{
-    return text.indexOf(mark, start - 1) + 1;
-}
-
-// A field's text ends at a NUL character, as a string of the runtime does
-// when it reaches the database.
-QString untilNul(const QString& field)
-{
-    const qsizetype nul = field.indexOf(QChar(0));
-    return nul < 0 ? field : field.left(nul);
-}
-
 // The file's lines, each as UTF-8 or Windows-1252 (see importLines).
 QStringList readImportFile(const QString& path)
 {
@@ -202,31 +187,7 @@ void frmComunicacionRecibir::CargarAlumnos()
 
 void frmComunicacionRecibir::Actualizar()
 {
-    const QStringList lines = readImportFile(lblArchivo->text());
-    const QVariant grupo = rsGrupos_.Value(QStringLiteral("Id"));
-    for (const QString& line : lines) {
-        // Each field is closed by "#": key, surnames, name. A field that is
-        // not there, or empty, leaves its column unset.
-        const qsizetype p1 = posicion(1, line, u'#');
-        rsAlumnos_.AddNew();
-        if (p1 > 1)
-            rsAlumnos_.Fields(QStringLiteral("Id")) = untilNul(line.left(p1 - 1));
-        const qsizetype p2 = posicion(p1 + 1, line, u'#');
-        if (p2 - p1 - 1 > 0)
-            rsAlumnos_.Fields(QStringLiteral("Ape")) = untilNul(line.mid(p1, p2 - p1 - 1));
-        const qsizetype p3 = posicion(p2 + 1, line, u'#');
-        if (p3 - p2 - 1 > 0)
-            rsAlumnos_.Fields(QStringLiteral("Nom")) = untilNul(line.mid(p2, p3 - p2 - 1));
-        rsAlumnos_.Fields(QStringLiteral("Grupo")) = grupo;
-        // The key comes only from the file: a row without one is refused, as
-        // the database refuses a Null key, rather than numbered by the engine.
-        if (p1 <= 1) {
-            rsAlumnos_.CancelUpdate();
-            throw RuntimeError(RuntimeError::DatabaseError,
-                               QStringLiteral("El índice o la clave principal no puede contener un valor Null."));
-        }
-        rsAlumnos_.Update();
-    }
+    students::importStudents(rsAlumnos_, readImportFile(lblArchivo->text()), rsGrupos_.Value(QStringLiteral("Id")));
 }
 
 void frmComunicacionRecibir::done(int result)

@@ -14,6 +14,17 @@
 
 using db::JetSql;
 
+namespace {
+
+// The tutor's summary grid of the first evaluation: a crosstab of the marks.
+const QString kSummaryGrid = QStringLiteral(
+    "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] AS "
+    "Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = tblAlumnos.Id) INNER JOIN "
+    "tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where tblTutoriaNotas.IdEval = 1 GROUP BY "
+    "[tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;");
+
+} // namespace
+
 class TestJetSql : public QObject {
     Q_OBJECT
 
@@ -411,14 +422,7 @@ private slots:
     void transformPivotsByAscendingHeadings()
     {
         db::Recordset rs;
-        rs.Open(
-            QStringLiteral(
-                "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
-                "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
-                "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
-                "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
-                "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
-            cn_);
+        rs.Open(kSummaryGrid, cn_);
         QCOMPARE(rs.FieldCount(), 3);
         QCOMPARE(rs.FieldName(0), QStringLiteral("Alumno"));
         QCOMPARE(rs.FieldName(1), QStringLiteral("LCG"));
@@ -628,14 +632,7 @@ private slots:
             "(3, 'MAT', 'Matemáticas');"
             "INSERT INTO tblTutoriaNotas VALUES (1, 1, 1, 1, 7), (2, 2, 1, 2, 5), (3, 1, 1, 3, 6), (4, 2, 1, 3, 9);"));
         db::Recordset rs;
-        rs.Open(
-            QStringLiteral(
-                "TRANSFORM First(tblTutoriaNotas.Nota) AS PrimeroDeNota SELECT [tblAlumnos]![Ape] & ', ' & "
-                "[tblAlumnos]![Nom] AS Alumno FROM (tblTutoriaNotas INNER JOIN tblAlumnos ON tblTutoriaNotas.IdAlu = "
-                "tblAlumnos.Id) INNER JOIN tblTutoriaMaterias ON tblTutoriaNotas.IdMat = tblTutoriaMaterias.Id Where "
-                "tblTutoriaNotas.IdEval = 1 GROUP BY [tblAlumnos]![Ape] & ', ' & [tblAlumnos]![Nom] ORDER BY "
-                "tblTutoriaMaterias.Cod PIVOT tblTutoriaMaterias.Cod;"),
-            cn);
+        rs.Open(kSummaryGrid, cn);
         QCOMPARE(rs.FieldCount(), 3);
         QCOMPARE(rs.FieldName(1).toUpper(), QStringLiteral("GAL"));
         QCOMPARE(rs.FieldName(2), QStringLiteral("MAT"));

@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QRandomGenerator>
 #include <QtTest>
+
+#include <memory>
 #include <sqlite3.h>
 
 using yearq::count;
@@ -78,24 +80,35 @@ class TestBackup : public QObject {
         QDir().mkpath(backupOf(QStringLiteral("usbB")));
         TempInstall::write(backupOf(QStringLiteral("usbB")) + QStringLiteral("/Xestion.mdb"), backup);
         gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (9, 'Antes')"));
-        const QByteArray before = TempInstall::read(install_->database());
         const QMap<QString, int> rows = yearq::tableCounts(install_->database());
-        const db::ConnectionPtr session = gConexion;
-        frmCopiaPen form;
-        form.show();
-        MsgBox::script({vbYes, vbOK});
-        click(form.cmdRecuperar);
-        QVERIFY(harness_.errors.isEmpty());
-        QCOMPARE(MsgBox::shown().size(), 2);
-        QCOMPARE(MsgBox::shown().last().text, kDamaged);
-        QCOMPARE(MsgBox::shown().last().flags, int(vbCritical));
-        QCOMPARE(TempInstall::read(install_->database()), before);
+        const auto form = recoverIsRefused(kDamaged, vbCritical);
         QCOMPARE(yearq::tableCounts(install_->database()), rows);
-        QCOMPARE(gConexion, session);
-        QVERIFY(gConexion->IsOpen());
         QCOMPARE(count(QStringLiteral("tblNiveles")), 3);
-        QCOMPARE(filesIn(install_->yearFolder()), QStringList{QStringLiteral("Xestion.mdb")});
-        QVERIFY(!form.lblInforma->isVisible()); // no "Espere un momento ..." left behind
+        QVERIFY(!form->lblInforma->isVisible()); // no "Espere un momento ..." left behind
+    }
+
+    // "Recuperar" answered Sí and then refused with `text`: the year's file,
+    // the session and the year's folder stay as they were. The form stays open
+    // for the caller's own checks.
+    std::unique_ptr<frmCopiaPen> recoverIsRefused(const QString& text, int flags)
+    {
+        const QByteArray before = TempInstall::read(install_->database());
+        const db::ConnectionPtr session = gConexion;
+        auto form = std::make_unique<frmCopiaPen>();
+        form->show();
+        MsgBox::script({vbYes, vbOK});
+        click(form->cmdRecuperar);
+        [&] {
+            QVERIFY(harness_.errors.isEmpty());
+            QCOMPARE(MsgBox::shown().size(), 2);
+            QCOMPARE(MsgBox::shown().last().text, text);
+            QCOMPARE(MsgBox::shown().last().flags, flags);
+            QCOMPARE(TempInstall::read(install_->database()), before);
+            QCOMPARE(gConexion, session);
+            QVERIFY(gConexion->IsOpen());
+            QCOMPARE(TempInstall::tree(install_->yearFolder()), QStringList{QStringLiteral("Xestion.mdb")});
+        }();
+        return form;
     }
 
     // A copy to `folder`, which is the open year's own folder: refused, with
@@ -549,20 +562,7 @@ private slots:
     {
         QDir().mkpath(backupOf(QStringLiteral("usbB")) + QStringLiteral("/Fotos"));
         TempInstall::write(backupOf(QStringLiteral("usbB")) + QStringLiteral("/Fotos/ana.jpg"), "jpg");
-        const QByteArray before = TempInstall::read(install_->database());
-        const db::ConnectionPtr session = gConexion;
-        frmCopiaPen form;
-        form.show();
-        MsgBox::script({vbYes, vbOK});
-        click(form.cmdRecuperar);
-        QVERIFY(harness_.errors.isEmpty());
-        QCOMPARE(MsgBox::shown().size(), 2);
-        QCOMPARE(MsgBox::shown().last().text, kNoData);
-        QCOMPARE(MsgBox::shown().last().flags, int(vbInformation));
-        QCOMPARE(TempInstall::read(install_->database()), before);
-        QCOMPARE(gConexion, session);
-        QVERIFY(gConexion->IsOpen());
-        QCOMPARE(TempInstall::tree(install_->yearFolder()), QStringList{QStringLiteral("Xestion.mdb")});
+        recoverIsRefused(kNoData, vbInformation);
     }
 
     void aRestoreKeepsTheReplacedYearAsADatedSafetyCopy()
