@@ -197,6 +197,8 @@ CREATE INDEX ixTutoriaNotasAlumno ON tblTutoriaNotas (IdAlu);
 )SQL");
 }
 
+// The staging tables hold the student sheet's cells as it shows them: the
+// marks and points are texts ("7.40", or "" for an empty cell).
 QString PrintDdl()
 {
     return QStringLiteral(R"SQL(
@@ -211,8 +213,8 @@ CREATE TABLE tblFichaAval (
   DesAval TEXT,
   IdMat INTEGER,
   DesMat TEXT,
-  Ptos DOUBLE,
-  Nota DOUBLE);
+  Ptos TEXT,
+  Nota TEXT);
 CREATE TABLE tblFichaTareas (
   Id INTEGER PRIMARY KEY,
   IdAval INTEGER,
@@ -229,10 +231,10 @@ CREATE TABLE tblFichaTareasDetalle (
 CREATE TABLE tblFichaNF (
   IdAlu INTEGER,
   Mat TEXT,
-  Ptos DOUBLE,
-  NM DOUBLE,
-  NFO DOUBLE,
-  NFE DOUBLE);
+  Ptos TEXT,
+  NM TEXT,
+  NFO TEXT,
+  NFE TEXT);
 )SQL");
 }
 
@@ -262,6 +264,22 @@ void CreateYear(const QString& path)
 void CreatePrint(const QString& path)
 {
     create(path, PrintDdl());
+}
+
+bool UpdatePrint(Connection& cn)
+{
+    const TableDecl* aval = cn.tableDecl(u"tblFichaAval");
+    const ColumnDecl* ptos = aval ? aval->column(u"Ptos") : nullptr;
+    if (ptos && ptos->type == ColumnType::Text)
+        return false;
+    // An earlier file kept the marks as numbers; what it holds is the last
+    // print only, so the tables are made anew.
+    QString drop;
+    for (const char* table :
+         {"tblFichaAlumno", "tblFichaAval", "tblFichaTareas", "tblFichaTareasDetalle", "tblFichaNF"})
+        drop += QStringLiteral("DROP TABLE IF EXISTS %1;").arg(QLatin1String(table));
+    cn.ExecuteNative(QStringLiteral("BEGIN IMMEDIATE;") + drop + PrintDdl() + QStringLiteral("COMMIT;"));
+    return true;
 }
 
 } // namespace db::Schema

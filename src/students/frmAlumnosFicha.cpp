@@ -36,14 +36,6 @@ const QString kGrupos =
 
 constexpr QSize kFoto(150, 190);
 
-template <class T>
-T* control(QWidget* parent, const char* name)
-{
-    auto* widget = new T(parent);
-    widget->setObjectName(QLatin1String(name));
-    return widget;
-}
-
 } // namespace
 
 frmAlumnosFicha::frmAlumnosFicha(QWidget* parent)
@@ -51,9 +43,9 @@ frmAlumnosFicha::frmAlumnosFicha(QWidget* parent)
       grupos_(nullptr, QStringLiteral("IdGrupo"), QStringLiteral("Grupo"))
 {
     tabDatos = buildDatos();
-    tabNotas = control<QWidget>(sstDatos, "tabNotas");
-    tabRecuperaciones = control<QWidget>(sstDatos, "tabRecuperaciones");
-    tabGrafico = control<QWidget>(sstDatos, "tabGrafico");
+    tabNotas = buildNotas();
+    tabRecuperaciones = buildRecuperaciones();
+    tabGrafico = buildGrafico();
     sstDatos->addTab(tabDatos, QStringLiteral("DATOS PERSONALES"));
     sstDatos->addTab(tabNotas, QStringLiteral("NOTAS"));
     sstDatos->addTab(tabRecuperaciones, QStringLiteral("RECUPERACIONES"));
@@ -72,6 +64,8 @@ frmAlumnosFicha::frmAlumnosFicha(QWidget* parent)
     onSignal(cmdAnterior, &QPushButton::clicked, &frmAlumnosFicha::cmdAnterior_Click);
     onSignal(cmdSeguinte, &QPushButton::clicked, &frmAlumnosFicha::cmdSeguinte_Click);
     onSignal(cmdBuscar, &QPushButton::clicked, &frmAlumnosFicha::cmdBuscar_Click);
+    onSignal(cmdBorrarEval, &QPushButton::clicked, &frmAlumnosFicha::cmdBorrarEval_Click);
+    onSignal(cmdInforme, &QPushButton::clicked, &frmAlumnosFicha::cmdInforme_Click);
 }
 
 frmAlumnosFicha::~frmAlumnosFicha() = default;
@@ -209,6 +203,7 @@ void frmAlumnosFicha::Form_Activate()
     for (const CampoTexto& c : CamposTexto())
         if (!qobject_cast<MaskEdit*>(c.box))
             ui::limitToColumn(c.box, QStringLiteral("tblAlumnos"), QLatin1String(c.column));
+    ui::limitToColumn(txtObsRec, QStringLiteral("tblNotasEval"), QStringLiteral("ObsRec"));
     if (estado_ == 0) {
         // The key is taken now and written only by the save.
         id_ = SiguienteId(QStringLiteral("tblAlumnos"), QStringLiteral("Id"));

@@ -12,8 +12,14 @@
 //     ShowModal(&ficha);
 //
 // In consult mode the sheet opens on the marks tab and the button strip is
-// hidden, so nothing of the student can be saved from it. A new student
-// needs no list; previous, next and search then have nothing to walk.
+// hidden, so nothing of the student can be saved from it; the marks grids
+// still open the mark dialogs. A new student needs no list; previous, next
+// and search then have nothing to walk.
+//
+// The marks tab shows points beside typed marks: the points ("Ptos.",
+// "Ptos") are computed each time from the task marks and the weights
+// (StudentStanding), the marks ("NOTA", "NFO", "NFE") are what the teacher
+// typed in frmNotaFinal. Nothing copies one into the other.
 //
 // The sheet stays open after a save and keeps its mode. Previous, next and
 // search walk the opener's recordset, which they move; changes not saved are
@@ -24,14 +30,22 @@
 
 #include <vector>
 
+class FlexGrid;
 class MaskEdit;
+class QChartView;
+class QCheckBox;
 class QComboBox;
 class QFrame;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
+class QListWidget;
 class QPlainTextEdit;
 class QPushButton;
 class QTabWidget;
+namespace standing {
+struct Record;
+}
 
 class frmAlumnosFicha : public Form {
     Q_OBJECT
@@ -74,6 +88,29 @@ public:
     QComboBox* cmbGrupo;
     QLabel* imgFoto;
 
+    // The marks, tab 1: points and typed marks per evaluation and subject,
+    // the task types of the current row, their tasks, and the final marks.
+    FlexGrid* mshEval;
+    FlexGrid* mshNotas;
+    FlexGrid* mshNotasDetalle;
+    FlexGrid* mshFinal;
+
+    // The recoveries, tab 2.
+    FlexGrid* mshEvalRec;
+    QGroupBox* fraRecuperaciones;
+    QCheckBox* chkRecuperar;
+    QLineEdit* txtNotaRec;
+    QCheckBox* chkRecuperada;
+    QLineEdit* txtObsRec;
+    QPushButton* cmdGardarRec;
+    QPushButton* cmdBorrarRec;
+
+    // The chart, tab 3: the points of one subject per evaluation.
+    QListWidget* lstEval;
+    QListWidget* lstMat;
+    QListWidget* lstTipoGrafico;
+    QChartView* mscGrafico;
+
     QFrame* fraBotones;
     QPushButton* cmdAceptar;
     QPushButton* cmdCancelar;
@@ -93,6 +130,33 @@ public:
     void cmdBuscar_Click();
     // The photo chosen anew, as a double click on it does.
     void imgFoto_DblClick();
+    void cmdBorrarEval_Click();
+    void cmdInforme_Click();
+    // Double click or Enter on the grids of tab 1.
+    void EditaNotaEval();
+    void EditaNotaFinal();
+    void mshNotasDetalle_DblClick();
+    void cmdGardarRec_Click();
+    void cmdBorrarRec_Click();
+    void lstMat_Click();
+
+    // The pause before the printed record opens, so that everything staged
+    // is in the file; tests shorten it.
+    static int stagingWaitMs();
+    static void setStagingWaitMs(int ms);
+
+    // Columns of mshEval; the chart and the print read them too.
+    enum EvalCol : int { EvEval = 1, EvMat, EvPtos, EvNota, EvIdEva, EvIdMat };
+    // A grid of the marks tabs made empty under its titles: one fixed row
+    // and the fixed column 0 of width 500, then the columns given (width 0
+    // hides one), and `rows` rows in all.
+    struct Columna {
+        const char* title;
+        int twips;
+        Qt::Alignment align;
+    };
+    static void PreparaGrid(FlexGrid& grid, std::initializer_list<Columna> columns, int rows);
+    static FlexGrid* newGrid(QWidget* parent, const char* name);
 
     // The two validations of a save, each with its verdict. Every check runs;
     // ComprobaDatos gives the verdict of the last one that ran.
@@ -128,15 +192,56 @@ private:
     };
     std::vector<CampoTexto> CamposTexto() const;
 
-    // The marks, recoveries and chart tabs keep their grids, recordsets and
-    // chart through these; they are called where a student is loaded.
-    void PonColorGrafico() {}
-    void LimpiaGrids() {}
-    void LimpiaRecuperacion() {}
-    void SoltaRecordsets() {}
-    void CargaNotas() {}
-    void CargaFinales() {}
-    void MostraGrafico() {}
+    template <class T>
+    static T* control(QWidget* parent, const char* name)
+    {
+        auto* widget = new T(parent);
+        widget->setObjectName(QLatin1String(name));
+        return widget;
+    }
+
+    QWidget* buildNotas();
+    QWidget* buildRecuperaciones();
+    QWidget* buildGrafico();
+
+    void PonColorGrafico();
+    void LimpiaGrids();
+    void LimpiaRecuperacion();
+    void SoltaRecordsets();
+    // Tab 1 and the recoveries from the student's marks, and the lists of
+    // the chart.
+    void CargaNotas();
+    void CargaFinales();
+    // The chart of the first subject, or an empty chart.
+    void MostraGrafico();
+
+    void AbreEvaluaciones();
+    void LlenaEval();
+    void AbreTipos();
+    void AbreTareas();
+    void CargaRecuperaciones();
+    void CargaEditorRec();
+    void PonGrafico(qint32 idMat);
+    void mshEval_RowColChange();
+    void mshNotas_RowColChange();
+    void mshEvalRec_RowColChange();
+    void mshEvalRec_KeyPress(int key);
+    // "Borrar Eval." on the recoveries tab.
+    void BorraEvalRec();
+    // The record as the grids show it, walking every evaluation and type.
+    standing::Record RecordFromGrids();
+    // The student's group, for the weights.
+    qint32 grupoAlumno_ = 0;
+    // Whether the pairs, or the stored evaluation marks, have rows; a sheet
+    // that loaded no student has neither.
+    bool hayEvaluaciones() const { return rsEval_.IsOpen() && rsEval_.RecordCount() > 0; }
+    bool hayRecuperaciones() const { return rsRec_.IsOpen() && rsRec_.RecordCount() > 0; }
+    db::Recordset rsEval_;  // the pairs of evaluation and subject
+    db::Recordset rsRec_;   // the stored evaluation marks, for the recoveries
+    bool enchendo_ = false; // grids being filled: their row changes are not the teacher's
+    int filaEval_ = 0;
+    int filaTipo_ = 0;
+    int filaRec_ = 0;
 
     quint8 estado_ = 0;
     qint32 id_ = 0;

@@ -47,6 +47,10 @@ void frmAlumnosFicha::CargaAlumno()
     txtObs->setPlainText(FichaForm::Texto(rsAlumno_.Value(QStringLiteral("Obs"))));
     // A group that is gone leaves the box as it stood.
     grupos_.showKey(rsAlumno_.Value(QStringLiteral("Grupo")));
+    // The weights of the marks tab are those of the group stored here, for
+    // every evaluation, even when the student changed group during the year.
+    const QVariant grupo = rsAlumno_.Value(QStringLiteral("Grupo"));
+    grupoAlumno_ = vb::IsNumeric(grupo) ? vb::CLng(grupo) : 0;
     rutaFoto_ = FichaForm::Texto(rsAlumno_.Value(QStringLiteral("Foto")));
     MostraFoto();
 }

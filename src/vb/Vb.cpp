@@ -620,6 +620,13 @@ void Raise(int number)
     throw RuntimeError(number, ErrorText(number));
 }
 
+double Divide(double a, double b)
+{
+    if (b == 0)
+        Raise(a == 0 ? RuntimeError::Overflow : RuntimeError::DivisionByZero);
+    return a / b;
+}
+
 // ---- Numbers
 
 bool IsNumeric(const QVariant& v)

@@ -19,6 +19,9 @@ namespace vb {
 QString ErrorText(int number);
 // Throws RuntimeError(number, ErrorText(number)).
 [[noreturn]] void Raise(int number);
+// a / b as the runtime divides: a number over zero raises "División por
+// cero" (11), zero over zero an overflow (6).
+double Divide(double a, double b);
 
 inline bool IsNull(const QVariant& v)
 {

@@ -1,0 +1,107 @@
+// The student sheet's "&Imprimir": what the grids show is staged into the
+// print database, then the printed record opens over it.
+#include "students/frmAlumnosFicha.h"
+
+#include "reports/viewers/frmInformeHojaDoc.h"
+#include "students/PrintStaging.h"
+#include "ui/FlexGrid.h"
+#include "ui/MsgBox.h"
+#include "vb/Vb.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QThread>
+
+namespace {
+
+int& esperaImpresion()
+{
+    static int ms = 3000;
+    return ms;
+}
+
+} // namespace
+
+int frmAlumnosFicha::stagingWaitMs()
+{
+    return esperaImpresion();
+}
+
+void frmAlumnosFicha::setStagingWaitMs(int ms)
+{
+    esperaImpresion() = ms;
+}
+
+standing::Record frmAlumnosFicha::RecordFromGrids()
+{
+    standing::Record record;
+    record.id = id_;
+    record.nom = txtApe->text() + QStringLiteral(", ") + txtNom->text();
+    record.grupo = cmbGrupo->currentText();
+    record.mail = txtMailAlu->text();
+    for (int r = 1; r < mshFinal->Rows(); ++r) {
+        standing::Final f;
+        f.mat = mshFinal->TextMatrix(r, 1);
+        f.ptos = mshFinal->TextMatrix(r, 2);
+        f.nota = mshFinal->TextMatrix(r, 3);
+        f.nfo = mshFinal->TextMatrix(r, 4);
+        f.nfe = mshFinal->TextMatrix(r, 5);
+        record.finales.push_back(std::move(f));
+    }
+    // Each evaluation row made current in turn, and each of its types, so
+    // that the grids below show what is staged; they stay on the last ones.
+    for (int e = 1; e < mshEval->Rows(); ++e) {
+        mshEval->setRow(e);
+        mshEval_RowColChange();
+        standing::Record::Aval aval;
+        aval.eval.idEva = vb::CLng(mshEval->TextMatrix(e, EvIdEva));
+        aval.eval.eval = mshEval->TextMatrix(e, EvEval);
+        aval.eval.idMat = vb::CLng(mshEval->TextMatrix(e, EvIdMat));
+        aval.eval.mat = mshEval->TextMatrix(e, EvMat);
+        aval.eval.ptos = mshEval->TextMatrix(e, EvPtos);
+        aval.eval.nota = mshEval->TextMatrix(e, EvNota);
+        for (int t = 1; t < mshNotas->Rows(); ++t) {
+            if (mshNotas->TextMatrix(t, 5).isEmpty())
+                continue;
+            mshNotas->setRow(t);
+            mshNotas_RowColChange();
+            standing::Record::TipoTareas tipo;
+            tipo.tipo.tarea = mshNotas->TextMatrix(t, 1);
+            tipo.tipo.media = mshNotas->TextMatrix(t, 2);
+            tipo.tipo.valor = mshNotas->TextMatrix(t, 3);
+            tipo.tipo.ptos = mshNotas->TextMatrix(t, 4);
+            tipo.tipo.idTip = vb::CLng(mshNotas->TextMatrix(t, 5));
+            for (int d = 1; d < mshNotasDetalle->Rows(); ++d)
+                if (!mshNotasDetalle->TextMatrix(d, 4).isEmpty())
+                    tipo.tareas.push_back({mshNotasDetalle->TextMatrix(d, 1), mshNotasDetalle->TextMatrix(d, 2),
+                                           mshNotasDetalle->TextMatrix(d, 3),
+                                           vb::CLng(mshNotasDetalle->TextMatrix(d, 4)),
+                                           mshNotasDetalle->TextMatrix(d, 5)});
+            aval.tipos.push_back(std::move(tipo));
+        }
+        record.avals.push_back(std::move(aval));
+    }
+    return record;
+}
+
+void frmAlumnosFicha::cmdInforme_Click()
+{
+    if (!hayEvaluaciones()) {
+        MsgBox(QStringLiteral("Non hai datos de avaliacións"), vbInformation);
+        return;
+    }
+    BusyCursor busy(this);
+    for (FlexGrid* g : {mshEval, mshNotas, mshNotasDetalle})
+        g->setRedraw(false);
+    const standing::Record record = RecordFromGrids();
+    for (FlexGrid* g : {mshEval, mshNotas, mshNotasDetalle})
+        g->setRedraw(true);
+    staging::stage(record);
+    // A fixed pause before the report reads the file, whatever was written.
+    QThread::msleep(esperaImpresion());
+    // The sheet stays as the walk left it when the report closes.
+    Tag = QStringLiteral("A");
+    frmInformeHojaDoc hoja(this);
+    hoja.setTipo(QStringLiteral("FichaAlumno"));
+    ShowModal(&hoja);
+}
