@@ -14,12 +14,14 @@
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
 #include "ui/Colors.h"
+#include "ui/FlexGrid.h"
 
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QTabWidget>
 #include <QtTest>
 
 using yearq::count;
@@ -439,10 +441,18 @@ private slots:
         quint8 estado = 0;
         qint32 id = 0;
         bool list = false;
+        QString marks;
+        QString types;
         auto run = onModal<frmAlumnosFicha>([&](frmAlumnosFicha* s) {
             estado = s->Estado();
             id = s->Id();
             list = s->rcAlumnos() != nullptr;
+            // The marks tab is in view and filled.
+            if (s->sstDatos->currentWidget() == s->tabNotas)
+                for (int r = 1; r < s->mshEval->Rows(); ++r)
+                    marks += s->mshEval->TextMatrix(r, 1) + u'/' + s->mshEval->TextMatrix(r, 2) + u'/' +
+                             s->mshEval->TextMatrix(r, 4) + u';';
+            types = s->mshNotas->TextMatrix(1, 1);
             s->close();
         });
         click(f.cmdFichaAlumno);
@@ -451,6 +461,8 @@ private slots:
         QCOMPARE(estado, quint8(2));
         QCOMPARE(id, 1);
         QVERIFY(list);
+        QCOMPARE(marks, QStringLiteral("2ª Evaluación/Lengua/8,50;1ª Evaluación/Lengua/7,00;"));
+        QCOMPARE(types, QStringLiteral("Examen"));
         QCOMPARE(f.cmdFichaAlumno->text(), QStringLiteral("&Ficha"));
     }
 

@@ -142,6 +142,8 @@ public:
     }
 
     frmAlumnosFicha& sheet() { return *sheet_; }
+    // The year's file, for a process of its own.
+    const QString& sheetlessPath() const { return year_.path(); }
     QList<RuntimeError>& errors() { return year_.harness.errors; }
 
 private:

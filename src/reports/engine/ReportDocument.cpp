@@ -331,11 +331,17 @@ void ReportDocument::drawPage(QPainter& painter, int page) const
 void ReportDocument::paint(QPagedPaintDevice* device) const
 {
     device->setPageLayout(pageLayout());
-    if (pageBottoms_.size() != pageCount())
-        computePageBottoms();
     QPainter painter;
     if (!painter.begin(device))
         throw RuntimeError(RuntimeError::PathNotFound, QStringLiteral("No se puede imprimir el reporte %1").arg(name_));
+    paintPages(painter, device);
+    painter.end();
+}
+
+void ReportDocument::paintPages(QPainter& painter, QPagedPaintDevice* device) const
+{
+    if (pageBottoms_.size() != pageCount())
+        computePageBottoms();
     // The painter starts at the printable area's corner in device pixels.
     const qreal scale = device->logicalDpiX() / dpi_;
     for (int page = 0; page < pageCount(); ++page) {
@@ -346,11 +352,17 @@ void ReportDocument::paint(QPagedPaintDevice* device) const
         drawPage(painter, page);
         painter.restore();
     }
-    painter.end();
 }
 
 void ReportDocument::writePdf(const QString& path) const
 {
+    writePdf({this}, path);
+}
+
+void ReportDocument::writePdf(const QVector<const ReportDocument*>& documents, const QString& path)
+{
+    if (documents.isEmpty())
+        return;
     {
         // QPdfWriter says nothing when it cannot open its file: ask first.
         QFile probe(path);
@@ -358,11 +370,24 @@ void ReportDocument::writePdf(const QString& path) const
             throw RuntimeError(RuntimeError::PathNotFound,
                                QStringLiteral("No se puede escribir el archivo %1: %2").arg(path, probe.errorString()));
     }
+    const ReportDocument& first = *documents.first();
     QPdfWriter writer(path);
     writer.setCreator(QStringLiteral("Cadernia"));
-    writer.setTitle(QString(header_.title).replace(QLatin1String("\r\n"), QLatin1String(" ")));
+    writer.setTitle(QString(first.header_.title).replace(QLatin1String("\r\n"), QLatin1String(" ")));
     writer.setResolution(600);
-    paint(&writer);
+    writer.setPageLayout(first.pageLayout());
+    QPainter painter;
+    if (!painter.begin(&writer))
+        throw RuntimeError(RuntimeError::PathNotFound,
+                           QStringLiteral("No se puede imprimir el reporte %1").arg(first.name_));
+    for (int i = 0; i < documents.size(); ++i) {
+        if (i > 0) {
+            writer.setPageLayout(documents[i]->pageLayout());
+            writer.newPage();
+        }
+        documents[i]->paintPages(painter, &writer);
+    }
+    painter.end();
 }
 
 } // namespace reports

@@ -44,6 +44,9 @@ public:
     // Writes a PDF file. A file that cannot be written throws RuntimeError
     // (PathNotFound) naming it.
     void writePdf(const QString& path) const;
+    // Several reports one after the other in one PDF file, each numbering
+    // its own pages.
+    static void writePdf(const QVector<const ReportDocument*>& documents, const QString& path);
 
     // The shared look of every report: tables, stripes, marks, boxes.
     static QString houseStyle();
@@ -57,6 +60,9 @@ public:
 private:
     void layoutHeader();
     void drawPage(QPainter& painter, int page) const;
+    // Every page on a painter already begun on the device, the first one on
+    // the device's present page.
+    void paintPages(QPainter& painter, QPagedPaintDevice* device) const;
     void computePageBottoms() const;
 
     QString name_;

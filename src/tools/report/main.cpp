@@ -4,12 +4,17 @@
 // it, without opening any window. BASE is the base folder (what ruta.ini
 // holds), YEAR the year's folder under it; the student record (KEY
 // FichaAlumno) reads Impresion/Impresion.mdb under the current directory.
+// With --student ID, or --group ID for every student of a group, the record
+// of each student is staged there in turn, as the student sheet computes
+// it, and all of them go into the one PDF file.
 #include "core/Modulo.h"
 #include "core/RuntimeFolder.h"
+#include "db/Recordset.h"
 #include "reports/engine/Catalogue.h"
 #include "reports/engine/Report.h"
 #include "reports/engine/ReportErrors.h"
 #include "reports/engine/ReportSeams.h"
+#include "students/PrintStaging.h"
 #include "vb/Clock.h"
 #include "vb/RuntimeError.h"
 
@@ -28,9 +33,59 @@ int usage(const QString& why)
     std::fprintf(stderr,
                  "uso: cadernia-report BASE CURSO CLAVE [--entry ENTRADA] [--title TITULO] [--info INFO]\n"
                  "                     [--filter FORMULA] [--param nombre=valor ...] [--date dd/MM/aaaa] SALIDA.pdf\n"
+                 "       cadernia-report BASE CURSO FichaAlumno (--student ID | --group ID) SALIDA.pdf\n"
                  "claves: Alumnos (entradas \"Global\", \"Por Grupos\", \"Ficha\", \"Notas Finais\"),\n"
                  "        NotasTarea, NotasAval, NotasRec, TutoriaCuadro, TutoriaBoletin, FichaAlumno\n");
     return 1;
+}
+
+// The students whose records print: one, or every student of a group in
+// the order of the student list.
+QList<qint32> alumnos(const QString& student, const QString& group)
+{
+    if (!student.isEmpty())
+        return {student.toInt()};
+    QList<qint32> ids;
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT Id FROM tblAlumnos WHERE Grupo = %1 ORDER BY Ape, Nom").arg(group.toInt()),
+            gConexion);
+    for (; !rs.Eof(); rs.MoveNext())
+        ids << rs.Value(QStringLiteral("Id")).toInt();
+    return ids;
+}
+
+// Stages and renders the record of each student, then writes them all.
+int printRecords(const QString& path, const QList<qint32>& ids, bool several, const QString& out)
+{
+    std::vector<std::shared_ptr<reports::ReportDocument>> documents;
+    for (qint32 id : ids) {
+        const standing::Record record = standing::computeRecord(id);
+        if (record.avals.empty()) {
+            // As the sheet refuses it.
+            std::fprintf(stderr, "cadernia-report: %s (%s)\n", "Non hai datos de avaliacións", qPrintable(record.nom));
+            if (!several)
+                return 2;
+            continue;
+        }
+        staging::stage(record);
+        auto report = reports::Report::open(path);
+        report->setParameter(QStringLiteral("pEmpresa"), mainWindowCaption());
+        documents.push_back(report->render());
+    }
+    if (documents.empty()) {
+        std::fprintf(stderr, "cadernia-report: ningún alumno con notas\n");
+        return 2;
+    }
+    QVector<const reports::ReportDocument*> pages;
+    int count = 0;
+    for (const auto& d : documents) {
+        pages << d.get();
+        count += d->pageCount();
+    }
+    reports::ReportDocument::writePdf(pages, out);
+    std::printf("%s: %d %s, %d %s\n", qPrintable(out), int(documents.size()),
+                documents.size() == 1 ? "alumno" : "alumnos", count, count == 1 ? "página" : "páginas");
+    return 0;
 }
 
 } // namespace
@@ -60,7 +115,11 @@ int main(int argc, char** argv)
     const QCommandLineOption paramOpt(QStringLiteral("param"), QStringLiteral("parámetro nombre=valor"),
                                       QStringLiteral("P"));
     const QCommandLineOption dateOpt(QStringLiteral("date"), QStringLiteral("fecha impresa"), QStringLiteral("FECHA"));
-    parser.addOptions({entryOpt, titleOpt, infoOpt, filterOpt, paramOpt, dateOpt});
+    const QCommandLineOption studentOpt(QStringLiteral("student"), QStringLiteral("ficha de un alumno"),
+                                        QStringLiteral("ID"));
+    const QCommandLineOption groupOpt(QStringLiteral("group"), QStringLiteral("fichas de un grupo"),
+                                      QStringLiteral("ID"));
+    parser.addOptions({entryOpt, titleOpt, infoOpt, filterOpt, paramOpt, dateOpt, studentOpt, groupOpt});
     parser.addHelpOption();
     parser.process(app);
 
@@ -90,7 +149,21 @@ int main(int argc, char** argv)
         vb::Clock::setFixed(QDateTime(date, QTime(12, 0)));
     }
 
+    const bool records = parser.isSet(studentOpt) || parser.isSet(groupOpt);
+    if (records && key != QLatin1String("FichaAlumno"))
+        return usage(QStringLiteral("--student y --group son del informe FichaAlumno"));
+    if (parser.isSet(studentOpt) && parser.isSet(groupOpt))
+        return usage(QStringLiteral("--student o --group, no los dos"));
+
     try {
+        if (records) {
+            gConexion = db::Connection::Open(gRutaBD);
+            const QList<qint32> ids = alumnos(parser.value(studentOpt), parser.value(groupOpt));
+            const int rc =
+                printRecords(reports::catalogue::filePath(gRutaBase, key, entry), ids, parser.isSet(groupOpt), out);
+            gConexion.reset();
+            return rc;
+        }
         auto report = reports::Report::open(reports::catalogue::filePath(gRutaBase, key, entry));
         report->setParameter(QStringLiteral("pEmpresa"), mainWindowCaption());
         if (entry == QLatin1String("Notas Finais"))
