@@ -198,7 +198,9 @@ CREATE INDEX ixTutoriaNotasAlumno ON tblTutoriaNotas (IdAlu);
 }
 
 // The staging tables hold the student sheet's cells as it shows them: the
-// marks and points are texts ("7.40", or "" for an empty cell).
+// marks and points are texts ("7.40", or "" for an empty cell). A task type
+// row names its evaluation row (IdFila, the Id of tblFichaAval), so that the
+// record prints each subject's types under it.
 QString PrintDdl()
 {
     return QStringLiteral(R"SQL(
@@ -218,6 +220,7 @@ CREATE TABLE tblFichaAval (
 CREATE TABLE tblFichaTareas (
   Id INTEGER PRIMARY KEY,
   IdAval INTEGER,
+  IdFila INTEGER,
   IdTipo INTEGER,
   DesTipo TEXT,
   NM TEXT,
@@ -269,11 +272,12 @@ void CreatePrint(const QString& path)
 bool UpdatePrint(Connection& cn)
 {
     const TableDecl* aval = cn.tableDecl(u"tblFichaAval");
+    const TableDecl* tareas = cn.tableDecl(u"tblFichaTareas");
     const ColumnDecl* ptos = aval ? aval->column(u"Ptos") : nullptr;
-    if (ptos && ptos->type == ColumnType::Text)
+    if (ptos && ptos->type == ColumnType::Text && tareas && tareas->column(u"IdFila"))
         return false;
-    // An earlier file kept the marks as numbers; what it holds is the last
-    // print only, so the tables are made anew.
+    // An earlier file kept the marks as numbers and its types without their
+    // row; what it holds is the last print only, so the tables are made anew.
     QString drop;
     for (const char* table :
          {"tblFichaAlumno", "tblFichaAval", "tblFichaTareas", "tblFichaTareasDetalle", "tblFichaNF"})

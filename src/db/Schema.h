@@ -20,8 +20,8 @@ QString PrintDdl();
 // Creates a new file with the tables; throws RuntimeError if it exists.
 void CreateYear(const QString& path);
 void CreatePrint(const QString& path);
-// Brings a staging database of an earlier version, whose marks were numeric
-// columns, to the present tables; true when it did. The caller opens the
+// Brings a staging database of an earlier version (numeric marks, task
+// types without their evaluation row) to the present tables; true when it did. The caller opens the
 // connection anew afterwards, so that it sees the new declarations.
 bool UpdatePrint(Connection& cn);
 

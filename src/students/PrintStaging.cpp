@@ -99,6 +99,7 @@ void stage(const standing::Record& record, const QString& path)
             tareas.AddNew();
             tareas.SetValue(QStringLiteral("Id"), id);
             tareas.SetValue(QStringLiteral("IdAval"), a.eval.idEva);
+            tareas.SetValue(QStringLiteral("IdFila"), fila);
             tareas.SetValue(QStringLiteral("IdTipo"), t.tipo.idTip);
             tareas.SetValue(QStringLiteral("DesTipo"), t.tipo.tarea);
             tareas.SetValue(QStringLiteral("NM"), cell(t.tipo.media));

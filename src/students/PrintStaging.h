@@ -4,7 +4,8 @@
 // a decimal comma written as a point and an empty cell as the empty text.
 // A staging is written whole or not at all: the old rows are deleted and the
 // new ones added in one transaction, so a failure leaves the last print as it
-// was and two records never mix.
+// was and two records never mix. Beside the cells, each task type row keeps
+// the number of its evaluation row (IdFila), which the record groups by.
 #include "students/StudentStanding.h"
 
 namespace staging {

@@ -158,11 +158,10 @@ void frmAlumnosFicha::PonGrafico(qint32 idMat)
     chart->addAxis(ejeX, Qt::AlignBottom);
     series->attachAxis(ejeX);
     auto* ejeY = new QValueAxis;
-    ejeY->setRange(0, std::ceil(maximo));
-    ejeY->setLabelFormat(QStringLiteral("%d"));
-    ejeY->setTickType(QValueAxis::TicksDynamic);
-    ejeY->setTickInterval(1);
-    ejeY->setTickAnchor(0);
+    const int tope = int(std::ceil(maximo));
+    ejeY->setRange(0, tope);
+    ejeY->setTickCount(tope + 1);
+    ejeY->setLabelFormat(QStringLiteral("%.0f"));
     chart->addAxis(ejeY, Qt::AlignLeft);
     series->attachAxis(ejeY);
     PonColorGrafico();

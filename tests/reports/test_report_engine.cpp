@@ -300,8 +300,11 @@ private slots:
         QCOMPARE(report->dataPath(), QStringLiteral("Impresion/Impresion.mdb"));
         const auto doc = report->render();
         QCOMPARE(doc->header().subtitle, QStringLiteral("García López, Ana · 5º Primaria A"));
-        // Staged with a point, shown with a comma; the failing type mean in red.
-        QVERIFY(doc->html().contains(QStringLiteral("<span class=\"fail\">4,75</span>")));
+        // Staged with a point, shown with a comma. A type's mean is on the
+        // type's own scale (Deberes: 5), so it is never shown as failed.
+        QVERIFY(doc->html().contains(QStringLiteral("<td class=\"num\">4,75</td>")));
+        QVERIFY(!doc->html().contains(QStringLiteral("<span class=\"fail\">4,75</span>")));
+        QVERIFY(doc->html().contains(QStringLiteral("1ª Evaluación · Lengua: tareas")));
         QVERIFY(doc->html().contains(QStringLiteral("Proyecto huerto")));
     }
 

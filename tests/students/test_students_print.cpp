@@ -151,6 +151,9 @@ private slots:
         QCOMPARE(tareas.first().section(u'|', 0, 0), QStringLiteral("1"));
         QCOMPARE(tareas.last().section(u'|', 0, 0), QStringLiteral("12"));
         QCOMPARE(tareas[8], QStringLiteral("9|1|2|Cuaderno|4.00|40|3.20"));
+        // Each type names its evaluation row, the record's heading of it.
+        QCOMPARE(native(staging(), QStringLiteral("SELECT IdFila FROM tblFichaTareas WHERE Id IN (9, 10)")),
+                 (QStringList{QStringLiteral("5"), QStringLiteral("5")}));
         QCOMPARE(tareas[9], QStringLiteral("10|1|1|Examen|5.50|60|3.30"));
         const QStringList detalle = rows(staging(), QStringLiteral("IdTarea,DesTarea,Nota,Obs"),
                                          QStringLiteral("tblFichaTareasDetalle"), QStringLiteral("IdTarea"));

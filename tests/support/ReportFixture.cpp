@@ -16,17 +16,17 @@ namespace {
 // decimals with a point.
 const char* const kStaging = R"SQL(
 INSERT INTO tblFichaAlumno (Id, Nom, Grupo, Mail) VALUES (1, 'García López, Ana', '5º Primaria A', 'ana.garcia@example.com');
-INSERT INTO tblFichaAval (Id, IdAval, DesAval, IdMat, DesMat, Ptos, Nota) VALUES (1, 1, '1ª Evaluación', 1, 'Lengua', 7.92, 7);
-INSERT INTO tblFichaAval (Id, IdAval, DesAval, IdMat, DesMat, Ptos, Nota) VALUES (2, 2, '2ª Evaluación', 1, 'Lengua', 8, 8.5);
-INSERT INTO tblFichaTareas (Id, IdAval, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (1, 1, 1, 'Examen', '7.5', '60', '4.5');
-INSERT INTO tblFichaTareas (Id, IdAval, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (2, 1, 2, 'Deberes', '4.75', '30', '1.43');
-INSERT INTO tblFichaTareas (Id, IdAval, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (3, 1, 3, 'Proyecto', '8.5', '10', '0.85');
-INSERT INTO tblFichaTareas (Id, IdAval, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (4, 2, 1, 'Examen', '8', '100', '8');
+INSERT INTO tblFichaAval (Id, IdAval, DesAval, IdMat, DesMat, Ptos, Nota) VALUES (1, 1, '1ª Evaluación', 1, 'Lengua', '7.92', '7.00');
+INSERT INTO tblFichaAval (Id, IdAval, DesAval, IdMat, DesMat, Ptos, Nota) VALUES (2, 2, '2ª Evaluación', 1, 'Lengua', '8.00', '8.50');
+INSERT INTO tblFichaTareas (Id, IdAval, IdFila, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (1, 1, 1, 1, 'Examen', '7.5', '60', '4.5');
+INSERT INTO tblFichaTareas (Id, IdAval, IdFila, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (2, 1, 1, 2, 'Deberes', '4.75', '30', '1.43');
+INSERT INTO tblFichaTareas (Id, IdAval, IdFila, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (3, 1, 1, 3, 'Proyecto', '8.5', '10', '0.85');
+INSERT INTO tblFichaTareas (Id, IdAval, IdFila, IdTipo, DesTipo, NM, Valor, Ptos) VALUES (4, 2, 2, 1, 'Examen', '8', '100', '8');
 INSERT INTO tblFichaTareasDetalle (IdTarea, DesTarea, Nota, Obs) VALUES (1, 'Examen tema 1', '7.5', 'Buen trabajo');
 INSERT INTO tblFichaTareasDetalle (IdTarea, DesTarea, Nota, Obs) VALUES (2, 'Deberes tema 1', '4.75', '');
 INSERT INTO tblFichaTareasDetalle (IdTarea, DesTarea, Nota, Obs) VALUES (3, 'Proyecto huerto', '85', 'Muy completo');
 INSERT INTO tblFichaTareasDetalle (IdTarea, DesTarea, Nota, Obs) VALUES (4, 'Examen tema 3', '8', '');
-INSERT INTO tblFichaNF (IdAlu, Mat, Ptos, NM, NFO, NFE) VALUES (1, 'Lengua', 7.96, 7.75, 8, NULL);
+INSERT INTO tblFichaNF (IdAlu, Mat, Ptos, NM, NFO, NFE) VALUES (1, 'Lengua', '7.96', '7.75', '8', '');
 )SQL";
 
 // The next year: one group, two students, other marks.

@@ -15,13 +15,21 @@
 #include "masterdata/frmMaterias.h"
 #include "masterdata/frmNiveles.h"
 #include "masterdata/frmTareasTipos.h"
+#include "reports/engine/Report.h"
+#include "reports/engine/ReportDocument.h"
+#include "students/PrintStaging.h"
 #include "students/frmAlumnos.h"
+#include "students/frmAlumnosFicha.h"
 #include "students/frmAtopar.h"
 #include "students/frmComunicacionRecibir.h"
 #include "ui/ListForm.h"
 #include "utilities/frmColor.h"
 #include "utilities/frmCopiaPen.h"
 #include "vb/Vb.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTabWidget>
 
 namespace screenshots {
 
@@ -113,7 +121,67 @@ Screen finalMarkDialog(const char* name, const char* tipo)
             {}};
 }
 
+// The student the sheet shows: one with marks in every evaluation and a
+// recovery to make up, as late in the year as there is one, so that a red
+// mark stands near the top.
+qint32 sheetStudent()
+{
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT IdAlu FROM tblNotasEval WHERE Recuperar = True ORDER BY IdEval DESC, IdAlu"),
+            gConexion);
+    for (; !rs.Eof(); rs.MoveNext()) {
+        db::Recordset evals;
+        evals.Open(QStringLiteral("SELECT DISTINCT IdEval FROM tblNotasEval WHERE IdAlu = %1").arg(rs.Value(0).toInt()),
+                   gConexion);
+        if (evals.RecordCount() >= 3)
+            return rs.Value(0).toInt();
+    }
+    return 1;
+}
+
+// The student sheet on one of its tabs, over the whole list of students.
+Screen sheetTab(const char* name, int tab)
+{
+    return {QLatin1String(name),
+            [tab] {
+                static db::Recordset list;
+                list.Close();
+                list.Open(QStringLiteral("SELECT Id, Ape, Nom FROM tblAlumnos ORDER BY Ape, Nom"), gConexion);
+                const qint32 id = sheetStudent();
+                auto* f = new frmAlumnosFicha;
+                f->setEstado(1);
+                f->setId(id);
+                f->setRcAlumnos(&list);
+                list.Find(QStringLiteral("Id = %1").arg(id));
+                f->setCaption(QStringLiteral("Modificando ") +
+                              vb::UCase(list.Value(QStringLiteral("Ape")).toString() + u' ' +
+                                        list.Value(QStringLiteral("Nom")).toString()));
+                f->sstDatos->setCurrentIndex(tab);
+                return static_cast<QWidget*>(f);
+            },
+            {}};
+}
+
 } // namespace
+
+QString studentRecordPage(const QString& outDir)
+{
+    staging::stage(standing::computeRecord(sheetStudent()));
+    auto report = reports::Report::open(QStringLiteral("Impresion/FichaAlumno.rpt"));
+    report->setParameter(QStringLiteral("pEmpresa"), mainWindowCaption());
+    const QString pdf = outDir + QStringLiteral("/FichaAlumno.pdf");
+    report->render()->writePdf(pdf);
+    // Page 1 as the teacher would see it printed.
+    QProcess p;
+    p.start(QStringLiteral("pdftoppm"),
+            {QStringLiteral("-png"), QStringLiteral("-f"), QStringLiteral("1"), QStringLiteral("-l"),
+             QStringLiteral("1"), QStringLiteral("-r"), QStringLiteral("90"), QStringLiteral("-singlefile"), pdf,
+             outDir + QStringLiteral("/FichaAlumno-pdf")});
+    if (!p.waitForFinished(60000) || p.exitCode() != 0)
+        return QString();
+    QFile::remove(pdf);
+    return outDir + QStringLiteral("/FichaAlumno-pdf.png");
+}
 
 QList<Screen> screens()
 {
@@ -159,6 +227,9 @@ QList<Screen> screens()
          [](QWidget* w) { static_cast<frmEvaluar*>(w)->cmdEvaluarNota_Click(); }},
         finalMarkDialog("frmNotaFinal-Eval", "Eval"),
         finalMarkDialog("frmNotaFinal-FinalO", "FinalO"),
+        sheetTab("frmAlumnosFicha-notas", 1),
+        sheetTab("frmAlumnosFicha-recuperaciones", 2),
+        sheetTab("frmAlumnosFicha-grafico", 3),
     };
 }
 

@@ -21,4 +21,8 @@ struct Screen {
 
 QList<Screen> screens();
 
+// Page 1 of a student's printed record, staged as the sheet stages it, as
+// OUTDIR/FichaAlumno-pdf.png (through pdftoppm); its path, or "" on failure.
+QString studentRecordPage(const QString& outDir);
+
 } // namespace screenshots

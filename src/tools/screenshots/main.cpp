@@ -181,6 +181,17 @@ int main(int argc, char** argv)
         }
         widget->hide();
     }
+    if (only.isEmpty() || only.contains(QStringLiteral("FichaAlumno-pdf"))) {
+        QString page;
+        ui::guardRuntime([&] { page = screenshots::studentRecordPage(outDir); });
+        if (page.isEmpty()) {
+            err() << "FichaAlumno-pdf: no se ha podido hacer la página" << Qt::endl;
+            ++failures;
+        } else {
+            out << page << Qt::endl;
+            ++written;
+        }
+    }
     gConexion->Close();
     if (only.size() > written)
         err() << "Pantallas pedidas: " << only.join(u' ') << "; escritas: " << written << Qt::endl;
