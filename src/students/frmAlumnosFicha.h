@@ -132,6 +132,9 @@ public:
     void imgFoto_DblClick();
     void cmdBorrarEval_Click();
     void cmdInforme_Click();
+    // What "&Imprimir" stages before the record opens: the grids walked row by
+    // row into the staging database.
+    void StageRecord();
     // Double click or Enter on the grids of tab 1.
     void EditaNotaEval();
     void EditaNotaFinal();

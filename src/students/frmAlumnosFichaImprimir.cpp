@@ -84,6 +84,16 @@ standing::Record frmAlumnosFicha::RecordFromGrids()
     return record;
 }
 
+void frmAlumnosFicha::StageRecord()
+{
+    for (FlexGrid* g : {mshEval, mshNotas, mshNotasDetalle})
+        g->setRedraw(false);
+    const standing::Record record = RecordFromGrids();
+    for (FlexGrid* g : {mshEval, mshNotas, mshNotasDetalle})
+        g->setRedraw(true);
+    staging::stage(record);
+}
+
 void frmAlumnosFicha::cmdInforme_Click()
 {
     if (!hayEvaluaciones()) {
@@ -91,12 +101,7 @@ void frmAlumnosFicha::cmdInforme_Click()
         return;
     }
     BusyCursor busy(this);
-    for (FlexGrid* g : {mshEval, mshNotas, mshNotasDetalle})
-        g->setRedraw(false);
-    const standing::Record record = RecordFromGrids();
-    for (FlexGrid* g : {mshEval, mshNotas, mshNotasDetalle})
-        g->setRedraw(true);
-    staging::stage(record);
+    StageRecord();
     // A fixed pause before the report reads the file, whatever was written.
     QThread::msleep(esperaImpresion());
     // The sheet stays as the walk left it when the report closes.
