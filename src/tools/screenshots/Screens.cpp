@@ -3,6 +3,7 @@
 #include "app/frmAcercaDe.h"
 #include "app/frmConfiguracion.h"
 #include "app/frmPrincipal.h"
+#include "assessment/frmEstatisticas.h"
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareas.h"
 #include "core/Modulo.h"
@@ -22,6 +23,8 @@
 #include "utilities/frmColor.h"
 #include "utilities/frmCopiaPen.h"
 #include "vb/Vb.h"
+
+#include <QComboBox>
 
 namespace screenshots {
 
@@ -113,6 +116,30 @@ Screen finalMarkDialog(const char* name, const char* tipo)
             {}};
 }
 
+// The statistics of the first evaluation of the group with the most
+// evaluation marks, computed as the teacher does with "Calcular".
+QWidget* computedStatistics()
+{
+    db::Recordset grupo;
+    grupo.Open(QStringLiteral("SELECT tblAlumnos.Grupo, Count(*) AS Notas FROM tblNotasEval INNER JOIN tblAlumnos ON "
+                              "tblNotasEval.IdAlu = tblAlumnos.Id GROUP BY tblAlumnos.Grupo ORDER BY Count(*) DESC"),
+               gConexion);
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT [tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' - ' & [tblGrupos]![Des] AS Grupo "
+                           "FROM (tblGrupos INNER JOIN tblCursos ON tblGrupos.IdCurso = tblCursos.Id) INNER JOIN "
+                           "tblNiveles ON tblCursos.IdNivel = tblNiveles.Id WHERE tblGrupos.Id = %1")
+                .arg(grupo.Eof() ? 0 : grupo.Value(0).toInt()),
+            gConexion);
+    auto* f = new frmEstatisticas;
+    f->show(); // activation fills the lists
+    if (!rs.Eof())
+        f->cmbGrupo->setCurrentIndex(f->cmbGrupo->findText(rs.Value(0).toString()));
+    f->cmbNotas->setCurrentIndex(1); // "Avaliación"
+    f->cmbNotas_Click();
+    f->cmdCalcular_Click();
+    return f;
+}
+
 } // namespace
 
 QList<Screen> screens()
@@ -159,6 +186,9 @@ QList<Screen> screens()
          [](QWidget* w) { static_cast<frmEvaluar*>(w)->cmdEvaluarNota_Click(); }},
         finalMarkDialog("frmNotaFinal-Eval", "Eval"),
         finalMarkDialog("frmNotaFinal-FinalO", "FinalO"),
+        {QStringLiteral("frmEstatisticas"), computedStatistics, {}},
+        {QStringLiteral("frmEstatisticas-NotasAval"), computedStatistics,
+         [](QWidget* w) { static_cast<frmEstatisticas*>(w)->cmdInforme_Click(); }},
     };
 }
 
