@@ -283,9 +283,11 @@ void frmEstatisticas::DebuxarGrafico()
     for (QAbstractAxis* axis : chart->axes())
         chart->removeAxis(axis);
     const FlexGrid& g = *mshDatos;
-    QList<int> filas; // the rows of subjects; an empty table has none
+    // The rows of subjects from the last up: the category axis draws its
+    // first entry at the bottom, so that the chart reads down as the table.
+    QList<int> filas;
     QStringList materias;
-    for (int r = 1; r < g.Rows(); ++r)
+    for (int r = g.Rows() - 1; r >= 1; --r)
         if (!g.TextMatrix(r, ColIdMat).isEmpty()) {
             filas << r;
             materias << g.TextMatrix(r, ColMateria);
@@ -314,13 +316,12 @@ void frmEstatisticas::DebuxarGrafico()
 
     auto* eixoMaterias = new QBarCategoryAxis;
     eixoMaterias->append(materias);
-    eixoMaterias->setReverse(true); // the first subject on top, as in the table
     chart->addAxis(eixoMaterias, Qt::AlignLeft);
     series->attachAxis(eixoMaterias);
     // Whole students on the count axis.
     auto* eixoConta = new QValueAxis;
     const int paso = maximo <= 10 ? 1 : maximo <= 20 ? 2 : 5;
-    eixoConta->setRange(0, std::max(paso, (maximo + paso - 1) / paso * paso));
+    eixoConta->setRange(0, (maximo / paso + 1) * paso); // a step of room after the longest bar
     eixoConta->setTickType(QValueAxis::TicksDynamic);
     eixoConta->setTickAnchor(0);
     eixoConta->setTickInterval(paso);
@@ -333,6 +334,9 @@ void frmEstatisticas::cmdInforme_Click()
 {
     const FlexGrid& g = *mshDatos;
     const int r = g.Row();
+    // Nothing to print before a computation or after an empty one.
+    if (!vb::IsNumeric(g.TextMatrix(r, ColIdMat)))
+        return;
     const bool recuperacion = cmbNotas->currentText() == kRecuperacion;
     const QString materia = g.TextMatrix(r, ColMateria);
     const QString avaliacion = QStringLiteral(". AVALIACIÓN ") + cmbAvaliacion->currentText();

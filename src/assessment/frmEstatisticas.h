@@ -44,7 +44,8 @@ public:
     // Refills cmbAvaliacion for the kind of mark and selects its first entry.
     void cmbNotas_Click();
     void cmdCalcular_Click();
-    // The list of the marks of the current row's subject, with its counts.
+    // The list of the marks of the current row's subject, with its counts;
+    // nothing on an empty table.
     void cmdInforme_Click();
 
     // The statement that counts the group's marks of one subject in a band,

@@ -526,14 +526,15 @@ private slots:
             QBarSet* set = series->barSets().at(b);
             QCOMPARE(set->label(), bandas::nome(b));
             QCOMPARE(set->color(), bandas::color(b));
+            // From the bottom up: the last row of the table first.
             QCOMPARE(set->count(), 2);
             for (int r = 1; r <= 2; ++r)
-                QCOMPARE(set->at(r - 1), f.mshDatos->TextMatrix(r, 3 + b).toDouble());
+                QCOMPARE(set->at(2 - r), f.mshDatos->TextMatrix(r, 3 + b).toDouble());
         }
         const QList<QAbstractAxis*> axes = f.chtBandas->chart()->axes(Qt::Vertical);
         QCOMPARE(axes.size(), 1);
         QCOMPARE(qobject_cast<QBarCategoryAxis*>(axes.first())->categories(),
-                 (QStringList{QStringLiteral("Lingua"), QStringLiteral("Música")}));
+                 (QStringList{QStringLiteral("Música"), QStringLiteral("Lingua")}));
 
         // Drawn anew on each computation, from the new table.
         compute(f, kGrupoA, QStringLiteral("Recuperación"), QStringLiteral("1ª Avaliación"));
@@ -663,6 +664,35 @@ private slots:
         QCOMPARE(info, QStringLiteral("IN: 0 | SF: 0 | BE: 0 | NT: 0 | SB: 1"));
         QCOMPARE(filtro,
                  QStringLiteral("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =1 AND {tblNotasEval.IdMat} = 3"));
+    }
+
+    void informeDoesNothingOnAnEmptyTable()
+    {
+        ReportFixture fixture;
+        frmEstatisticas f;
+        open(f);
+        // A report that did open would be closed and named here.
+        QString opened;
+        auto arm = [&] {
+            ModalDriver::whenModal(
+                [&](QWidget* w) {
+                    opened = QString::fromLatin1(w->metaObject()->className());
+                    w->close();
+                },
+                300);
+        };
+        arm();
+        click(f.cmdInforme); // nothing computed yet
+        QTest::qWait(400);
+        QVERIFY(ModalDriver::takeTimedOut());
+        compute(f, QStringLiteral("5º Primaria - A"), QStringLiteral("Avaliación"), QStringLiteral("3ª Evaluación"));
+        QCOMPARE(gridtext::row(*f.mshDatos, 1), QStringList(8, QString())); // no marks in that evaluation
+        arm();
+        click(f.cmdInforme);
+        QTest::qWait(400);
+        QVERIFY(ModalDriver::takeTimedOut());
+        QCOMPARE(opened, QString());
+        QVERIFY(MsgBox::shown().isEmpty());
     }
 };
 
