@@ -1,11 +1,13 @@
 // Timings of the assessment screens on the large year, through the screens'
 // own routines on an offscreen display: opening the marking grid of a task
 // of a 30-student group (students, marks, colours, the five band counts),
-// and refiltering the task list over its 12,000 tasks. Run by hand (`make
+// refiltering the task list over its 12,000 tasks, and the band counts of a
+// 30-student group in its 10 subjects (50 count statements). Run by hand (`make
 // bench`); the figures go in the README.
 #include "LargeYear.h"
 #include "ScreenBench.h"
 
+#include "assessment/frmEstatisticas.h"
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareas.h"
 #include "core/Modulo.h"
@@ -102,5 +104,29 @@ void BM_AssessmentRefilterTaskList(benchmark::State& state, bool byGroup)
 }
 BENCHMARK_CAPTURE(BM_AssessmentRefilterTaskList, All, false)->Apply(options);
 BENCHMARK_CAPTURE(BM_AssessmentRefilterTaskList, Group, true)->Apply(options);
+
+// "Calcular" on the statistics of group 15 in one kind of mark: the subjects
+// found and their five counts each, the table and the chart.
+void BM_AssessmentStatisticsCalcular(benchmark::State& state, int notas)
+{
+    if (!bench::ensureWidgets(state, "Assessment"))
+        return;
+    openSession();
+    frmEstatisticas f;
+    f.activate();
+    f.cmbGrupo->setCurrentIndex(14);
+    f.cmbNotas->setCurrentIndex(notas);
+    f.cmbNotas_Click();
+    int rows = 0;
+    timed(state, [&] {
+        f.cmdCalcular_Click();
+        rows = f.mshDatos->Rows() - 1;
+        benchmark::DoNotOptimize(rows);
+    });
+    state.counters["subjects"] = rows;
+}
+BENCHMARK_CAPTURE(BM_AssessmentStatisticsCalcular, Finais, 0)->Apply(options);
+BENCHMARK_CAPTURE(BM_AssessmentStatisticsCalcular, Avaliacion, 1)->Apply(options);
+BENCHMARK_CAPTURE(BM_AssessmentStatisticsCalcular, Recuperacion, 2)->Apply(options);
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "app/Logo.h"
 #include "app/frmAcercaDe.h"
 #include "app/frmConfiguracion.h"
+#include "assessment/frmEstatisticas.h"
 #include "assessment/frmTareas.h"
 #include "core/Modulo.h"
 #include "masterdata/frmAno.h"
@@ -223,6 +224,7 @@ void frmPrincipal::buildBands()
     connect(cmdAnos, &QPushButton::clicked, this, [this] { Abrir<frmAno>(); });
     connect(cmdTareas, &QPushButton::clicked, this, [this] { Abrir<frmTareas>(); });
     connect(cmdAlumnos, &QPushButton::clicked, this, [this] { Abrir<frmAlumnos>(); });
+    connect(cmdGraficos, &QPushButton::clicked, this, [this] { Abrir<frmEstatisticas>(); });
     connect(cmdRecibirDatos, &QPushButton::clicked, this, [this] { Abrir<frmComunicacionRecibir>(); });
     connect(cmdCopiaSeg, &QPushButton::clicked, this, [this] { Abrir<frmCopiaPen>(); });
     connect(cmdCores, &QPushButton::clicked, this, [this] { Abrir<frmColor>(); });

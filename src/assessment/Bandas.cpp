@@ -37,6 +37,20 @@ std::optional<QColor> colorDeNota(float nota, qint16 maximo)
     return std::nullopt;
 }
 
+QString entre(int banda)
+{
+    switch (banda) {
+    case SF:
+        return QStringLiteral("BETWEEN 4.999 AND 5.99");
+    case BE:
+        return QStringLiteral("BETWEEN 5.999 AND 6.99");
+    case NT:
+        return QStringLiteral("BETWEEN 6.999 AND 8.99");
+    default:
+        return QStringLiteral("BETWEEN 8.999 AND 10");
+    }
+}
+
 QString sqlConteo(int banda, qint32 idTarea)
 {
     const QString axustada = QStringLiteral("(tblNotas.Nota/[tblTareasTipos]![Max]*10");
@@ -47,19 +61,11 @@ QString sqlConteo(int banda, qint32 idTarea)
             .arg(idTarea);
     const QString notaAxustada = QStringLiteral("SELECT ") + axustada + QStringLiteral(") AS NotaAxustada") + desde;
     const QString notaMax = QStringLiteral("SELECT tblNotas.Nota, tblTareasTipos.Max") + desde;
-    switch (banda) {
-    case IN:
+    if (banda == IN)
         return notaAxustada + QStringLiteral(" AND ") + axustada + QStringLiteral(")<4.999 AND ") + axustada +
                QStringLiteral(")>0;");
-    case SF:
-        return notaAxustada + QStringLiteral(" AND ") + axustada + QStringLiteral(" BETWEEN 4.999 AND 5.99)");
-    case BE:
-        return notaMax + QStringLiteral(" AND ") + axustada + QStringLiteral(" BETWEEN 5.999 AND 6.99)");
-    case NT:
-        return notaMax + QStringLiteral(" AND ") + axustada + QStringLiteral(" BETWEEN 6.999 AND 8.99)");
-    default:
-        return notaMax + QStringLiteral(" AND ") + axustada + QStringLiteral(" BETWEEN 8.999 AND 10)");
-    }
+    // SF selects the adjusted mark, the others the mark and the maximum.
+    return (banda == SF ? notaAxustada : notaMax) + QStringLiteral(" AND ") + axustada + u' ' + entre(banda) + u')';
 }
 
 } // namespace bandas

@@ -28,4 +28,10 @@ std::optional<QColor> colorDeNota(float nota, qint16 maximo);
 // The statement that counts the marks of a task in a band.
 QString sqlConteo(int banda, qint32 idTarea);
 
+// The condition that counts a mark in SF, BE, NT or SB, "BETWEEN 4.999 AND
+// 5.99" for SF: the same wherever marks are counted, a hundredth falling
+// between bands. IN has none of its own here: each count states where it
+// begins (above 0 on a task, at 0 on evaluation and final marks).
+QString entre(int banda);
+
 } // namespace bandas

@@ -23,6 +23,11 @@ public:
     void setTitulo(const QString& title) { titulo_ = title; }
     void setInfo(const QString& info) { info_ = info; }
     void setFiltro(const QString& selection) { filtro_ = selection; }
+    QString Tipo() const { return tipo_; }
+    QString Empresa() const { return empresa_; }
+    QString Titulo() const { return titulo_; }
+    QString Info() const { return info_; }
+    QString Filtro() const { return filtro_; }
 
 protected:
     void Form_Activate() override;

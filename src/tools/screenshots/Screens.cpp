@@ -3,6 +3,7 @@
 #include "app/frmAcercaDe.h"
 #include "app/frmConfiguracion.h"
 #include "app/frmPrincipal.h"
+#include "assessment/frmEstatisticas.h"
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareas.h"
 #include "core/Modulo.h"
@@ -27,6 +28,7 @@
 #include "utilities/frmCopiaPen.h"
 #include "vb/Vb.h"
 
+#include <QComboBox>
 #include <QFile>
 #include <QProcess>
 #include <QTabWidget>
@@ -162,6 +164,30 @@ Screen sheetTab(const char* name, int tab)
             {}};
 }
 
+// The statistics of the first evaluation of the group with the most
+// evaluation marks, computed as the teacher does with "Calcular".
+QWidget* computedStatistics()
+{
+    db::Recordset grupo;
+    grupo.Open(QStringLiteral("SELECT tblAlumnos.Grupo, Count(*) AS Notas FROM tblNotasEval INNER JOIN tblAlumnos ON "
+                              "tblNotasEval.IdAlu = tblAlumnos.Id GROUP BY tblAlumnos.Grupo ORDER BY Count(*) DESC"),
+               gConexion);
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT [tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' - ' & [tblGrupos]![Des] AS Grupo "
+                           "FROM (tblGrupos INNER JOIN tblCursos ON tblGrupos.IdCurso = tblCursos.Id) INNER JOIN "
+                           "tblNiveles ON tblCursos.IdNivel = tblNiveles.Id WHERE tblGrupos.Id = %1")
+                .arg(grupo.Eof() ? 0 : grupo.Value(0).toInt()),
+            gConexion);
+    auto* f = new frmEstatisticas;
+    f->show(); // activation fills the lists
+    if (!rs.Eof())
+        f->cmbGrupo->setCurrentIndex(f->cmbGrupo->findText(rs.Value(0).toString()));
+    f->cmbNotas->setCurrentIndex(1); // "Avaliación"
+    f->cmbNotas_Click();
+    f->cmdCalcular_Click();
+    return f;
+}
+
 } // namespace
 
 QString studentRecordPage(const QString& outDir)
@@ -230,6 +256,9 @@ QList<Screen> screens()
         sheetTab("frmAlumnosFicha-notas", 1),
         sheetTab("frmAlumnosFicha-recuperaciones", 2),
         sheetTab("frmAlumnosFicha-grafico", 3),
+        {QStringLiteral("frmEstatisticas"), computedStatistics, {}},
+        {QStringLiteral("frmEstatisticas-NotasAval"), computedStatistics,
+         [](QWidget* w) { static_cast<frmEstatisticas*>(w)->cmdInforme_Click(); }},
     };
 }
 
