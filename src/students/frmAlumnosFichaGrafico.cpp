@@ -20,20 +20,6 @@
 
 #include <cmath>
 
-namespace {
-
-QLabel* encabezado(const QString& text, QWidget* buddy, QWidget* parent)
-{
-    auto* label = new QLabel(text, parent);
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    label->setBuddy(buddy);
-    return label;
-}
-
-} // namespace
-
 QWidget* frmAlumnosFicha::buildGrafico()
 {
     auto* page = control<QWidget>(sstDatos, "tabGrafico");
@@ -58,11 +44,11 @@ QWidget* frmAlumnosFicha::buildGrafico()
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(10, 10, 10, 10);
     grid->addWidget(mscGrafico, 0, 0, 6, 1);
-    grid->addWidget(encabezado(QStringLiteral("EVALUACIONES"), lstEval, page), 0, 1);
+    grid->addWidget(titulo(QStringLiteral("EVALUACIONES"), lstEval, page), 0, 1);
     grid->addWidget(lstEval, 1, 1);
-    grid->addWidget(encabezado(QStringLiteral("MATERIAS"), lstMat, page), 2, 1);
+    grid->addWidget(titulo(QStringLiteral("MATERIAS"), lstMat, page), 2, 1);
     grid->addWidget(lstMat, 3, 1);
-    grid->addWidget(encabezado(QStringLiteral("TIPO DE GRÁFICO"), lstTipoGrafico, page), 4, 1);
+    grid->addWidget(titulo(QStringLiteral("TIPO DE GRÁFICO"), lstTipoGrafico, page), 4, 1);
     grid->addWidget(lstTipoGrafico, 5, 1);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);

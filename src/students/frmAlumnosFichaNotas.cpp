@@ -82,7 +82,9 @@ bool conFilas(const FlexGrid& g, int keyCol)
     return g.Rows() > 1 && g.Cols() > keyCol && !g.TextMatrix(1, keyCol).isEmpty();
 }
 
-QLabel* titulo(const QString& text, QWidget* buddy, QWidget* parent)
+} // namespace
+
+QLabel* frmAlumnosFicha::titulo(const QString& text, QWidget* buddy, QWidget* parent)
 {
     auto* label = new QLabel(text, parent);
     QFont bold = label->font();
@@ -91,8 +93,6 @@ QLabel* titulo(const QString& text, QWidget* buddy, QWidget* parent)
     label->setBuddy(buddy);
     return label;
 }
-
-} // namespace
 
 FlexGrid* frmAlumnosFicha::newGrid(QWidget* parent, const char* name)
 {

@@ -546,6 +546,34 @@ private slots:
         QVERIFY(f.chtBandas->chart()->series().isEmpty());
     }
 
+private:
+    // What "Informe" hands to the list viewer, and what the viewer shows.
+    struct Handed {
+        bool opened = false;
+        QString tipo, empresa, titulo, info, filtro, shownTitle, shownInfo, html;
+    };
+    static Handed informe(frmEstatisticas& f)
+    {
+        Handed h;
+        auto run = onModal<frmInformeListado>([&](frmInformeListado* r) {
+            h.tipo = r->Tipo();
+            h.empresa = r->Empresa();
+            h.titulo = r->Titulo();
+            h.info = r->Info();
+            h.filtro = r->Filtro();
+            if (r->shownReport()) {
+                h.shownTitle = r->shownReport()->header().title;
+                h.shownInfo = r->shownReport()->header().info;
+                h.html = r->shownReport()->html();
+            }
+            r->close();
+        });
+        click(f.cmdInforme);
+        h.opened = run->opened;
+        return h;
+    }
+
+private slots:
     // ---- the printed list
 
     void informeOfAnEvaluationPrintsTheRowsSubjectAsNotasAval()
@@ -556,33 +584,19 @@ private slots:
         compute(f, QStringLiteral("5º Primaria - A"), QStringLiteral("Avaliación"), QStringLiteral("1ª Evaluación"));
         // Ana 7, Brais 4 and Uxía 0 in Lengua.
         QCOMPARE(counts(f), QStringList{QStringLiteral("Lengua: 2 0 0 1 0")});
-        QString tipo, empresa, titulo, info, filtro, shownTitle, shownInfo, html;
-        auto run = onModal<frmInformeListado>([&](frmInformeListado* r) {
-            tipo = r->Tipo();
-            empresa = r->Empresa();
-            titulo = r->Titulo();
-            info = r->Info();
-            filtro = r->Filtro();
-            if (r->shownReport()) {
-                shownTitle = r->shownReport()->header().title;
-                shownInfo = r->shownReport()->header().info;
-                html = r->shownReport()->html();
-            }
-            r->close();
-        });
-        click(f.cmdInforme);
-        QVERIFY(run->opened);
-        QCOMPARE(tipo, QStringLiteral("NotasAval"));
-        QCOMPARE(empresa, QStringLiteral("CADERNIA ## Curso 2024-25"));
-        QCOMPARE(titulo, QStringLiteral("NOTAS DE Lengua. AVALIACIÓN 1ª Evaluación"));
-        QCOMPARE(info, QStringLiteral("IN: 2 | SF: 0 | BE: 0 | NT: 1 | SB: 0"));
-        QCOMPARE(filtro,
+        const Handed h = informe(f);
+        QVERIFY(h.opened);
+        QCOMPARE(h.tipo, QStringLiteral("NotasAval"));
+        QCOMPARE(h.empresa, QStringLiteral("CADERNIA ## Curso 2024-25"));
+        QCOMPARE(h.titulo, QStringLiteral("NOTAS DE Lengua. AVALIACIÓN 1ª Evaluación"));
+        QCOMPARE(h.info, QStringLiteral("IN: 2 | SF: 0 | BE: 0 | NT: 1 | SB: 0"));
+        QCOMPARE(h.filtro,
                  QStringLiteral("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =1 AND {tblNotasEval.IdMat} = 1"));
-        QCOMPARE(shownTitle, titulo);
-        QCOMPARE(shownInfo, info);
-        QVERIFY(html.contains(QStringLiteral("García López")));
-        QVERIFY(html.contains(QStringLiteral("Pérez Castro")));
-        QVERIFY(!html.contains(QStringLiteral("Rodríguez"))); // another group
+        QCOMPARE(h.shownTitle, h.titulo);
+        QCOMPARE(h.shownInfo, h.info);
+        QVERIFY(h.html.contains(QStringLiteral("García López")));
+        QVERIFY(h.html.contains(QStringLiteral("Pérez Castro")));
+        QVERIFY(!h.html.contains(QStringLiteral("Rodríguez"))); // another group
         // The screen stays as it was.
         QCOMPARE(counts(f), QStringList{QStringLiteral("Lengua: 2 0 0 1 0")});
     }
@@ -595,25 +609,17 @@ private slots:
         compute(f, QStringLiteral("5º Primaria - A"), QStringLiteral("Recuperación"), QStringLiteral("1ª Evaluación"));
         // Brais recovers with 6; Uxía is to recover and has no mark yet.
         QCOMPARE(counts(f), QStringList{QStringLiteral("Lengua: 0 0 1 0 0")});
-        QString tipo, titulo, info, filtro, html;
-        auto run = onModal<frmInformeListado>([&](frmInformeListado* r) {
-            tipo = r->Tipo();
-            titulo = r->Titulo();
-            info = r->Info();
-            filtro = r->Filtro();
-            if (r->shownReport())
-                html = r->shownReport()->html();
-            r->close();
-        });
-        click(f.cmdInforme);
-        QVERIFY(run->opened);
-        QCOMPARE(tipo, QStringLiteral("NotasRec"));
-        QCOMPARE(titulo, QStringLiteral("NOTAS DE RECUPERACIÓN. 5º Primaria - A\r\nLengua. AVALIACIÓN 1ª Evaluación"));
-        QCOMPARE(info, QStringLiteral("IN: 0 | SF: 0 | BE: 1 | NT: 0 | SB: 0"));
-        QCOMPARE(filtro, QStringLiteral("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =1 AND {tblNotasEval.IdMat} = "
-                                        "1 AND {tblNotasEval.Recuperar} = True"));
-        QVERIFY(html.contains(QStringLiteral("Fernández Núñez")));
-        QVERIFY(!html.contains(QStringLiteral("García López"))); // nothing to recover
+        const Handed h = informe(f);
+        QVERIFY(h.opened);
+        QCOMPARE(h.tipo, QStringLiteral("NotasRec"));
+        QCOMPARE(h.titulo,
+                 QStringLiteral("NOTAS DE RECUPERACIÓN. 5º Primaria - A\r\nLengua. AVALIACIÓN 1ª Evaluación"));
+        QCOMPARE(h.info, QStringLiteral("IN: 0 | SF: 0 | BE: 1 | NT: 0 | SB: 0"));
+        QCOMPARE(h.filtro,
+                 QStringLiteral("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =1 AND {tblNotasEval.IdMat} = "
+                                "1 AND {tblNotasEval.Recuperar} = True"));
+        QVERIFY(h.html.contains(QStringLiteral("Fernández Núñez")));
+        QVERIFY(!h.html.contains(QStringLiteral("García López"))); // nothing to recover
     }
 
     void informeOfFinalMarksPrintsAsAnEvaluationWithTheLastComputedOne()
@@ -625,20 +631,12 @@ private slots:
         compute(f, QStringLiteral("5º Primaria - A"), QStringLiteral("Finais"), QStringLiteral("Ordinaria"));
         // Ana 8, Brais 4, Uxía 3.
         QCOMPARE(counts(f), QStringList{QStringLiteral("Lengua: 2 0 0 1 0")});
-        QString tipo, titulo, info, filtro;
-        auto run = onModal<frmInformeListado>([&](frmInformeListado* r) {
-            tipo = r->Tipo();
-            titulo = r->Titulo();
-            info = r->Info();
-            filtro = r->Filtro();
-            r->close();
-        });
-        click(f.cmdInforme);
-        QVERIFY(run->opened);
-        QCOMPARE(tipo, QStringLiteral("NotasAval"));
-        QCOMPARE(titulo, QStringLiteral("NOTAS DE Lengua. AVALIACIÓN Ordinaria"));
-        QCOMPARE(info, QStringLiteral("IN: 2 | SF: 0 | BE: 0 | NT: 1 | SB: 0"));
-        QCOMPARE(filtro,
+        const Handed h = informe(f);
+        QVERIFY(h.opened);
+        QCOMPARE(h.tipo, QStringLiteral("NotasAval"));
+        QCOMPARE(h.titulo, QStringLiteral("NOTAS DE Lengua. AVALIACIÓN Ordinaria"));
+        QCOMPARE(h.info, QStringLiteral("IN: 2 | SF: 0 | BE: 0 | NT: 1 | SB: 0"));
+        QCOMPARE(h.filtro,
                  QStringLiteral("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =2 AND {tblNotasEval.IdMat} = 1"));
     }
 
@@ -651,18 +649,11 @@ private slots:
         open(f);
         compute(f, QStringLiteral("5º Primaria - A"), QStringLiteral("Avaliación"), QStringLiteral("1ª Evaluación"));
         f.mshDatos->setRow(2);
-        QString titulo, info, filtro;
-        auto run = onModal<frmInformeListado>([&](frmInformeListado* r) {
-            titulo = r->Titulo();
-            info = r->Info();
-            filtro = r->Filtro();
-            r->close();
-        });
-        click(f.cmdInforme);
-        QVERIFY(run->opened);
-        QCOMPARE(titulo, QStringLiteral("NOTAS DE Ciencias Naturales. AVALIACIÓN 1ª Evaluación"));
-        QCOMPARE(info, QStringLiteral("IN: 0 | SF: 0 | BE: 0 | NT: 0 | SB: 1"));
-        QCOMPARE(filtro,
+        const Handed h = informe(f);
+        QVERIFY(h.opened);
+        QCOMPARE(h.titulo, QStringLiteral("NOTAS DE Ciencias Naturales. AVALIACIÓN 1ª Evaluación"));
+        QCOMPARE(h.info, QStringLiteral("IN: 0 | SF: 0 | BE: 0 | NT: 0 | SB: 1"));
+        QCOMPARE(h.filtro,
                  QStringLiteral("{tblAlumnos.Grupo}= 1 AND {tblNotasEval.IdEval} =1 AND {tblNotasEval.IdMat} = 3"));
     }
 
