@@ -10,9 +10,12 @@
 #include "vb/Vb.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using vb::CLng;
 using vb::IsNumeric;
@@ -97,8 +100,11 @@ void frmTareasRubrica::Rellenar()
                               QStringLiteral("Descripción"),
                               QStringLiteral("% Valor"),
                               QStringLiteral("Max. Valor")};
+    const QFontMetrics letra = g.horizontalHeader()->fontMetrics();
     for (int c = 0; c < NCols; ++c) {
-        g.setColWidth(c, anchos[c]);
+        // A visible column is never narrower than its title.
+        const int titulo = titulos[c].isEmpty() ? 0 : g.pixelsToTwips(letra.horizontalAdvance(titulos[c]) + 10);
+        g.setColWidth(c, anchos[c] > 0 ? std::max(anchos[c], titulo) : anchos[c]);
         g.setTextMatrix(0, c, titulos[c]);
         g.setColAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
         g.setFixedAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
@@ -123,7 +129,8 @@ void frmTareasRubrica::Rellenar()
 
 void frmTareasRubrica::AnchoDescripcion()
 {
-    // The description takes 70 per cent of the grid.
+    // The description takes 70 per cent of the grid (its title is set with the
+    // others, at 0, and widened here).
     if (mshDatos->Cols() > ColDes)
         mshDatos->setColWidth(ColDes, mshDatos->pixelsToTwips(mshDatos->width()) * 70 / 100);
 }

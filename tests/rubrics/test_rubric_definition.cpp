@@ -88,9 +88,11 @@ private slots:
                               QStringLiteral("Ejecución"), QStringLiteral("60"), QStringLiteral("10")}));
         QCOMPARE(g.ColWidth(0), 500);
         QCOMPARE(g.ColWidth(kColId), 0);
-        QCOMPARE(g.ColWidth(kColNum), 500);
-        QCOMPARE(g.ColWidth(4), 600);
-        QCOMPARE(g.ColWidth(5), 600);
+        // 500 and 600, or the width of the title in the grid's font.
+        QVERIFY(g.ColWidth(kColNum) >= 500);
+        QVERIFY(g.ColWidth(4) >= 600);
+        QVERIFY(g.ColWidth(5) >= 600);
+        QVERIFY(g.ColWidth(5) < 1500);
         QCOMPARE(g.ColWidth(3), g.pixelsToTwips(g.width()) * 70 / 100);
         // Banded: white, gColor, white.
         QCOMPARE(g.CellBackColor(1, 3), ui::white());

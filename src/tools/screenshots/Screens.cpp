@@ -135,16 +135,17 @@ frmTareasRubrica* demoRubric()
     return f;
 }
 
-// The rubric marking of the first mark that has values, as the mark dialog
-// opens it.
+// The rubric marking of the first mark with values that is neither high nor
+// low, as the mark dialog opens it.
 frmEvaluarNotaRubrica* demoRubricMarking()
 {
     db::Recordset rs;
     rs.Open(QStringLiteral("SELECT tblNotas.Id, tblNotas.IdTarea, tblTareasTipos.Max, tblTareas.Des, "
-                           "[tblAlumnos]![Ape] & ' ' & [tblAlumnos]![Nom] AS Alumno FROM ((tblNotasRubrica INNER JOIN "
+                           "[tblAlumnos]![Ape] & ' ' & [tblAlumnos]![Nom] AS Alumno FROM (((tblNotasRubrica INNER JOIN "
                            "tblNotas ON tblNotasRubrica.IdNota = tblNotas.Id) INNER JOIN tblTareas ON tblNotas.IdTarea "
                            "= tblTareas.Id) INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id) INNER "
-                           "JOIN tblAlumnos ON tblNotas.IdAlu = tblAlumnos.Id ORDER BY tblNotas.Id"),
+                           "JOIN tblAlumnos ON tblNotas.IdAlu = tblAlumnos.Id WHERE tblNotas.Nota / tblTareasTipos.Max "
+                           "BETWEEN 0.6 AND 0.8 ORDER BY tblNotas.Id"),
             gConexion);
     auto* f = new frmEvaluarNotaRubrica;
     if (!rs.Eof()) {
