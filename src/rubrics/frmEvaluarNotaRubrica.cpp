@@ -3,6 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "rubrics/RubricaGrid.h"
 #include "rubrics/frmEvaluarNotaRubricaValor.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
@@ -101,37 +102,20 @@ void frmEvaluarNotaRubrica::Cargar()
                 .arg(idTarea_),
             gConexion);
     FlexGrid& g = *mshDatos;
-    g.setRedraw(false);
-    g.Clear();
-    g.setCols(NCols);
-    g.setFixedRows(1);
-    g.setFixedCols(1);
-    const QList<int> anchos{0, 400, 500, 3600, 4200, 900, 1000, 700, 800, 800};
-    const QStringList titulos{QString(),
-                              QString(),
-                              QStringLiteral("Nº"),
-                              QStringLiteral("Descripción"),
-                              QStringLiteral("Criterio"),
-                              QStringLiteral("% Valor"),
-                              QStringLiteral("Max. Valor"),
-                              QStringLiteral("Valor"),
-                              QStringLiteral("Ptos"),
-                              QStringLiteral("Marcar")};
-    for (int c = 0; c < NCols; ++c) {
-        g.setColWidth(c, anchos[c]);
-        g.setTextMatrix(0, c, titulos[c]);
-    }
+    // No activities: an empty grid, and lblNota keeps its first text.
+    rubricas::formarGrid(g, rs.RecordCount(), {0, 400, 500, 3600, 4200, 900, 1000, 700, 800, 800},
+                         {QString(), QString(), QStringLiteral("Nº"), QStringLiteral("Descripción"),
+                          QStringLiteral("Criterio"), QStringLiteral("% Valor"), QStringLiteral("Max. Valor"),
+                          QStringLiteral("Valor"), QStringLiteral("Ptos"), QStringLiteral("Marcar")},
+                         false);
     for (int c : {ColMax, ColValor, ColPtos, ColMarcar}) {
         g.setColAlignment(c, Qt::AlignCenter);
         g.setFixedAlignment(c, Qt::AlignCenter);
     }
-    // No activities: an empty grid, and lblNota keeps its first text.
     if (rs.RecordCount() == 0) {
-        g.setRows(1);
-        g.setRedraw(true);
+        rubricas::rematarGrid(g);
         return;
     }
-    g.setRows(rs.RecordCount() + 1);
     int r = 1;
     for (; !rs.Eof(); rs.MoveNext(), ++r) {
         const QVariant id = rs.Value(QStringLiteral("Id"));
@@ -155,11 +139,8 @@ void frmEvaluarNotaRubrica::Cargar()
         const float ptos = NotaPonderada(vb::CSng(por), vb::CByte(max), vb::CByte(v), notaMaxTarea_);
         g.setTextMatrix(r, ColPtos, vb::CStr(QVariant::fromValue(ptos)));
     }
-    ui::stripeRows(g, 1);
-    g.setRedraw(true);
+    rubricas::rematarGrid(g);
     MostrarTotal();
-    g.setRow(1);
-    g.setCol(ColNum);
 }
 
 void frmEvaluarNotaRubrica::MostrarTotal()

@@ -2,6 +2,7 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
+#include "rubrics/RubricaGrid.h"
 #include "rubrics/frmTareasRubrica.h"
 #include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
@@ -132,26 +133,11 @@ void frmRubricas::RellenarLista()
         cnLista_);
 
     FlexGrid& g = *mshDatos;
-    g.setRedraw(false);
-    g.Clear();
-    g.setCols(NCols);
-    g.setFixedRows(1);
-    g.setFixedCols(1);
-    g.setRows(rsLista_.RecordCount() + 1);
     const int ancho = g.pixelsToTwips(g.width());
-    const QList<int> anchos{0, 500, ancho * 25 / 100, ancho * 30 / 100, ancho * 15 / 100, ancho * 20 / 100};
-    const QStringList titulos{QString(),
-                              QString(),
-                              QStringLiteral("Tarea"),
-                              QStringLiteral("Materia"),
-                              QStringLiteral("Grupo"),
-                              QStringLiteral("Avaliación")};
-    for (int c = 0; c < NCols; ++c) {
-        g.setColWidth(c, anchos[c]);
-        g.setTextMatrix(0, c, titulos[c]);
-        g.setColAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-        g.setFixedAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-    }
+    rubricas::formarGrid(g, rsLista_.RecordCount(),
+                         {0, 500, ancho * 25 / 100, ancho * 30 / 100, ancho * 15 / 100, ancho * 20 / 100},
+                         {QString(), QString(), QStringLiteral("Tarea"), QStringLiteral("Materia"),
+                          QStringLiteral("Grupo"), QStringLiteral("Avaliación")});
     int r = 1;
     for (; !rsLista_.Eof(); rsLista_.MoveNext(), ++r) {
         g.setTextMatrix(r, ColIdTarea, FichaForm::Texto(rsLista_.Value(QStringLiteral("IdTarea"))));
@@ -161,12 +147,7 @@ void frmRubricas::RellenarLista()
         g.setTextMatrix(r, ColGrupo, FichaForm::Texto(rsLista_.Value(QStringLiteral("Grupo"))));
         g.setTextMatrix(r, ColAvaliacion, FichaForm::Texto(rsLista_.Value(QStringLiteral("Avaliacion"))));
     }
-    if (g.Rows() > 1) {
-        ui::stripeRows(g, 1);
-        g.setRow(1);
-        g.setCol(1);
-    }
-    g.setRedraw(true);
+    rubricas::rematarGrid(g);
 }
 
 void frmRubricas::txtCurso_Enter()

@@ -1,6 +1,7 @@
 #include "rubrics/frmTareasRubrica.h"
 
 #include "core/Modulo.h"
+#include "rubrics/RubricaGrid.h"
 #include "rubrics/frmGraficoRubrica.h"
 #include "rubrics/frmRubricas.h"
 #include "rubrics/frmTareasRubricaActividad.h"
@@ -10,12 +11,9 @@
 #include "vb/Vb.h"
 
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include <algorithm>
 
 using vb::CLng;
 using vb::IsNumeric;
@@ -86,29 +84,11 @@ void frmTareasRubrica::Rellenar()
     rs_.Open(strSql_, gConexion);
 
     FlexGrid& g = *mshDatos;
-    g.setRedraw(false);
-    g.Clear();
-    g.setCols(NCols);
-    g.setFixedRows(1);
-    g.setFixedCols(1);
-    // With no activities the grid has its titles and no rows.
-    g.setRows(rs_.RecordCount() + 1);
-    const QList<int> anchos{500, 0, 500, 0, 600, 600};
-    const QStringList titulos{QString(),
-                              QString(),
-                              QStringLiteral("Nº"),
-                              QStringLiteral("Descripción"),
-                              QStringLiteral("% Valor"),
-                              QStringLiteral("Max. Valor")};
-    const QFontMetrics letra = g.horizontalHeader()->fontMetrics();
-    for (int c = 0; c < NCols; ++c) {
-        // A visible column is never narrower than its title.
-        const int titulo = titulos[c].isEmpty() ? 0 : g.pixelsToTwips(letra.horizontalAdvance(titulos[c]) + 10);
-        g.setColWidth(c, anchos[c] > 0 ? std::max(anchos[c], titulo) : anchos[c]);
-        g.setTextMatrix(0, c, titulos[c]);
-        g.setColAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-        g.setFixedAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-    }
+    // With no activities the grid has its titles and no rows; the
+    // description's width is set below.
+    rubricas::formarGrid(g, rs_.RecordCount(), {500, 0, 500, 0, 600, 600},
+                         {QString(), QString(), QStringLiteral("Nº"), QStringLiteral("Descripción"),
+                          QStringLiteral("% Valor"), QStringLiteral("Max. Valor")});
     AnchoDescripcion();
     int r = 1;
     for (; !rs_.Eof(); rs_.MoveNext(), ++r) {
@@ -119,18 +99,12 @@ void frmTareasRubrica::Rellenar()
         g.setTextMatrix(r, ColPor, FichaForm::Texto(rs_.Value(QStringLiteral("Por"))));
         g.setTextMatrix(r, ColMax, FichaForm::Texto(rs_.Value(QStringLiteral("Max"))));
     }
-    if (g.Rows() > 1) {
-        ui::stripeRows(g, 1);
-        g.setRow(1);
-        g.setCol(1);
-    }
-    g.setRedraw(true);
+    rubricas::rematarGrid(g);
 }
 
 void frmTareasRubrica::AnchoDescripcion()
 {
-    // The description takes 70 per cent of the grid (its title is set with the
-    // others, at 0, and widened here).
+    // The description takes 70 per cent of the grid.
     if (mshDatos->Cols() > ColDes)
         mshDatos->setColWidth(ColDes, mshDatos->pixelsToTwips(mshDatos->width()) * 70 / 100);
 }

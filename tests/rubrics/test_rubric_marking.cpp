@@ -8,6 +8,7 @@
 #include "support/GridText.h"
 #include "support/ModalForm.h"
 #include "support/ScreenHarness.h"
+#include "support/Wheel.h"
 #include "support/YearQueries.h"
 #include "ui/FlexGrid.h"
 #include "ui/UiFunciones.h"
@@ -16,7 +17,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSlider>
-#include <QWheelEvent>
 #include <QtTest>
 
 using yearq::count;
@@ -49,14 +49,6 @@ QStringList valoresGardados()
 {
     return yearq::column(QStringLiteral("SELECT Id & ' ' & IdNota & ' ' & IdActividad & ' ' & Valor & ' ' & "
                                         "Max FROM tblNotasRubrica ORDER BY Id"));
-}
-
-void girar(QWidget* w, int delta)
-{
-    const QPointF centro(w->width() / 2.0, w->height() / 2.0);
-    QWheelEvent e(centro, w->mapToGlobal(centro), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
-                  Qt::NoScrollPhase, false);
-    QApplication::sendEvent(w, &e);
 }
 
 } // namespace
@@ -145,7 +137,7 @@ private slots:
             minimo = v->sldValor->minimum();
             maximo = v->sldValor->maximum();
             QTest::keyClick(v->sldValor, Qt::Key_Right);
-            girar(v->sldValor, 120);
+            wheel(v->sldValor, 120);
             tras = v->sldValor->value();
             etiqueta = v->lblValor->text();
             click(v->cmdCancelar);
@@ -328,9 +320,9 @@ private slots:
             QTest::keyClick(s, Qt::Key_Left);
             QTest::keyClick(s, Qt::Key_Left);
             visto << v->lblValor->text();
-            girar(s, 120);
+            wheel(s, 120);
             visto << v->lblValor->text();
-            girar(s, -240);
+            wheel(s, -240);
             visto << v->lblValor->text();
             QTest::keyClick(s, Qt::Key_Home);
             visto << v->lblValor->text();
