@@ -30,7 +30,7 @@ using Shape = LargeYearShape;
 
 // Bump when the content changes, so that a cached year of an older generator
 // is not reused.
-constexpr int kGeneratorVersion = 4;
+constexpr int kGeneratorVersion = 5;
 constexpr quint64 kSeed = 0x43414445524e4941ull;
 
 using Random = setup::demo::Random;
@@ -207,6 +207,64 @@ double onScale(double fraction, int max)
     }
 }
 
+// The activities of a project's rubric: number, description, weight, Max.
+struct Activity {
+    const char* num;
+    const char* des;
+    int por;
+    int max;
+};
+const std::array<Activity, Shape::RubricActivities> kActivities = {{{"1", "Planificación", 10, 4},
+                                                                    {"2", "Búsqueda de información", 15, 10},
+                                                                    {"3", "Trabajo en equipo", 10, 4},
+                                                                    {"4", "Contenido", 20, 10},
+                                                                    {"5", "Originalidad", 10, 5},
+                                                                    {"6", "Presentación escrita", 10, 10},
+                                                                    {"7", "Exposición oral", 15, 10},
+                                                                    {"8", "Entrega a tiempo", 10, 2}}};
+
+// A rubric on every project, and a value per activity in each given mark.
+// Its own random stream, so that the rest of the year is as it was without.
+void rubrics(db::Connection& db, const std::vector<std::pair<qint64, bool>>& projects,
+             const std::vector<double>& ability)
+{
+    Random r(kSeed ^ 0x52554252ull);
+    Insert activity(db, "INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Des, Cri, Por, Max) VALUES (?,?,?,?,?,?,?)");
+    Insert value(db, "INSERT INTO tblNotasRubrica (Id, IdNota, IdActividad, Valor, Max) VALUES (?,?,?,?,?)");
+    qint64 activityId = 0, valueId = 0;
+    for (const auto& [task, finished] : projects) {
+        const qint64 first = activityId + 1;
+        for (const Activity& a : kActivities)
+            activity.integer(++activityId)
+                .integer(task)
+                .text(a.num)
+                .text(a.des)
+                .text(QStringLiteral("Se valora de 0 a %1").arg(a.max))
+                .real(a.por)
+                .integer(a.max)
+                .row();
+        if (!finished)
+            continue;
+        // Every task has one mark per student of its group, keyed in order.
+        const qint64 firstMark = (task - 1) * Shape::StudentsPerGroup + 1;
+        const int group = int((task - 1) / (Shape::Subjects * Shape::TasksPerGroupSubject));
+        for (int s = 0; s < Shape::StudentsPerGroup; ++s) {
+            const qint64 mark = firstMark + s;
+            const double able = ability[size_t(group * Shape::StudentsPerGroup + s + 1)];
+            for (int k = 0; k < Shape::RubricActivities; ++k) {
+                const int max = kActivities[size_t(k)].max;
+                const double share = clamp01(able + (r.unit() - 0.5) * 0.4);
+                value.integer(++valueId)
+                    .integer(mark)
+                    .integer(first + k)
+                    .integer(std::lround(share * max))
+                    .integer(max)
+                    .row();
+            }
+        }
+    }
+}
+
 // ---------------------------------------------------------------- filling
 
 void fill(db::Connection& db)
@@ -330,6 +388,7 @@ void fill(db::Connection& db)
     static const std::array<int, Shape::Evaluations> firstOf = {0, 14, 27};
     static const std::array<int, Shape::Evaluations> countOf = {14, 13, 13};
     qint64 taskId = 0, markId = 0;
+    std::vector<std::pair<qint64, bool>> withRubric; // the projects: task, finished
     for (int g = 1; g <= Shape::Groups; ++g) {
         for (int m = 1; m <= Shape::Subjects; ++m) {
             int exams = 0, homework = 0, talks = 0, projects = 0;
@@ -366,6 +425,8 @@ void fill(db::Connection& db)
                     .integer(counts ? 1 : 0)
                     .integer(finished ? 1 : 0)
                     .row();
+                if (t == Shape::ProjectType)
+                    withRubric.emplace_back(taskId, finished);
 
                 const double difficulty = (r.unit() - 0.5) * 0.2;
                 for (int s = 0; s < Shape::StudentsPerGroup; ++s) {
@@ -438,6 +499,8 @@ void fill(db::Connection& db)
                     .integer(m)
                     .real(std::clamp(std::round(ability[size_t(a)] * 10.0 + (r.unit() - 0.5) * 3.0), 1.0, 10.0))
                     .row();
+
+    rubrics(db, withRubric, ability);
 }
 
 } // namespace

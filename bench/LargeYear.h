@@ -2,8 +2,10 @@
 // A large school year for the benchmarks: 30 groups of 30 students, 10
 // subjects, 40 tasks per group and subject (12,000 tasks) and a mark for
 // every student in every task of the group (360,000 marks), with weights,
-// evaluation marks, final marks and tutoring marks. The content depends only
-// on a fixed seed, so every run measures the same year.
+// evaluation marks, final marks and tutoring marks, and a rubric of eight
+// activities on every project (1,500 tasks) with a value per activity in
+// each of their given marks. The content depends only on a fixed seed, so
+// every run measures the same year.
 #include <QString>
 
 namespace bench {
@@ -24,6 +26,8 @@ struct LargeYearShape {
     static constexpr int Marks = Tasks * StudentsPerGroup;                 // 360,000
     static constexpr int TutoredGroup = 11;                                // the only group with Tit = 1
     static constexpr int TutoringSubjects = 6;
+    static constexpr int ProjectType = 4;      // its tasks carry a rubric
+    static constexpr int RubricActivities = 8; // per project
 };
 
 // Creates the year at `path` (the file must not exist) and fills it in one

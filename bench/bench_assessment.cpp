@@ -1,9 +1,10 @@
 // Timings of the assessment screens on the large year, through the screens'
 // own routines on an offscreen display: opening the marking grid of a task
 // of a 30-student group (students, marks, colours, the five band counts),
-// refiltering the task list over its 12,000 tasks, and the band counts of a
-// 30-student group in its 10 subjects (50 count statements). Run by hand (`make
-// bench`); the figures go in the README.
+// refiltering the task list over its 12,000 tasks, the band counts of a
+// 30-student group in its 10 subjects (50 count statements), and the rubric
+// marking of a project (eight activities) for one student and then the next.
+// Run by hand (`make bench`); the figures go in the README.
 #include "LargeYear.h"
 #include "ScreenBench.h"
 
@@ -13,12 +14,16 @@
 #include "core/Modulo.h"
 #include "db/Connection.h"
 #include "db/Recordset.h"
+#include "rubrics/frmEvaluarNotaRubrica.h"
 #include "ui/FlexGrid.h"
 #include "vb/RuntimeError.h"
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QVector>
 #include <benchmark/benchmark.h>
+
+#include <memory>
 
 namespace {
 
@@ -128,5 +133,89 @@ void BM_AssessmentStatisticsCalcular(benchmark::State& state, int notas)
 BENCHMARK_CAPTURE(BM_AssessmentStatisticsCalcular, Finais, 0)->Apply(options);
 BENCHMARK_CAPTURE(BM_AssessmentStatisticsCalcular, Avaliacion, 1)->Apply(options);
 BENCHMARK_CAPTURE(BM_AssessmentStatisticsCalcular, Recuperacion, 2)->Apply(options);
+
+// The marks of a finished project of group 15, whose rubric has eight
+// activities, in the order of the group's students.
+struct ProjectMarks {
+    qint32 task = 0;
+    qint32 max = 0;
+    QVector<qint32> marks;
+};
+
+ProjectMarks projectMarks()
+{
+    ProjectMarks p;
+    db::Recordset rs;
+    rs.Open(
+        QStringLiteral("SELECT tblTareas.Id, tblTareasTipos.Max FROM tblTareas INNER JOIN tblTareasTipos ON "
+                       "tblTareas.IdTip = tblTareasTipos.Id WHERE tblTareas.IdGru = 15 AND tblTareas.IdTip = %1 AND "
+                       "tblTareas.Fin = True ORDER BY tblTareas.Id")
+            .arg(Shape::ProjectType),
+        gConexion);
+    p.task = rs.Value(0).toInt();
+    p.max = rs.Value(1).toInt();
+    db::Recordset marks;
+    marks.Open(QStringLiteral("SELECT Id FROM tblNotas WHERE IdTarea = %1 ORDER BY IdAlu").arg(p.task), gConexion);
+    for (; !marks.Eof(); marks.MoveNext())
+        p.marks << marks.Value(0).toInt();
+    return p;
+}
+
+// The rubric marking of one student's mark, as the mark dialog opens it:
+// made, handed the mark and activated (activities, one value each, points,
+// total). It is not shown.
+void openRubric(frmEvaluarNotaRubrica& f, const ProjectMarks& p, qint32 mark, QLineEdit* field)
+{
+    f.setNotaMaxTarea(p.max);
+    f.setIdTarea(p.task);
+    f.setIdNota(mark);
+    f.setDesTarea(QStringLiteral(" Proyecto"));
+    f.setAlumno(QStringLiteral("ALUMNO"));
+    f.setCampoNota(field);
+    f.activate();
+}
+
+void BM_RubricOpenMarking(benchmark::State& state)
+{
+    if (!bench::ensureWidgets(state, "Rubric"))
+        return;
+    openSession();
+    const ProjectMarks p = projectMarks();
+    QLineEdit field;
+    int rows = 0;
+    timed(state, [&] {
+        frmEvaluarNotaRubrica f;
+        openRubric(f, p, p.marks.value(0), &field);
+        rows = f.mshDatos->Rows() - 1;
+        benchmark::DoNotOptimize(rows);
+    });
+    state.counters["activities"] = rows;
+}
+BENCHMARK(BM_RubricOpenMarking)->Apply(options);
+
+// Moving on to the next student: the rubric of one student closes (its
+// total taken over into a mark field holding 0, so no question) and the
+// next student's opens.
+void BM_RubricNextStudent(benchmark::State& state)
+{
+    if (!bench::ensureWidgets(state, "Rubric"))
+        return;
+    openSession();
+    const ProjectMarks p = projectMarks();
+    QLineEdit field;
+    int student = 0;
+    auto current = std::make_unique<frmEvaluarNotaRubrica>();
+    openRubric(*current, p, p.marks.value(0), &field);
+    timed(state, [&] {
+        field.setText(QStringLiteral("0"));
+        static_cast<QDialog*>(current.get())->done(QDialog::Rejected);
+        student = (student + 1) % int(p.marks.size());
+        current = std::make_unique<frmEvaluarNotaRubrica>();
+        openRubric(*current, p, p.marks.value(student), &field);
+        benchmark::DoNotOptimize(field.text());
+    });
+    state.counters["students"] = double(p.marks.size());
+}
+BENCHMARK(BM_RubricNextStudent)->Apply(options);
 
 } // namespace

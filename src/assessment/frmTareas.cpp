@@ -3,6 +3,7 @@
 #include "assessment/frmEvaluar.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
+#include "rubrics/frmTareasRubrica.h"
 #include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
@@ -245,9 +246,14 @@ void frmTareas::cmdEvaluacion_Click()
 
 void frmTareas::cmdRubrica_Click()
 {
-    // The rubric of the task opens from here with the same header, and the
-    // list comes back to the row, once the rubric screens are part of the
-    // program; until then the button does nothing.
+    sobreFila([this](qint32 id) {
+        frmTareasRubrica rubrica(this);
+        rubrica.setIdTarea(id);
+        // The templates find the type of the task by this text in any year.
+        rubrica.setTipoTarea(FichaForm::Texto(rs.Value(QStringLiteral("TipoTarea"))));
+        rubrica.lblCabecera->setText(Cabecera());
+        ShowModal(&rubrica);
+    });
 }
 
 void frmTareas::BorrarActual()

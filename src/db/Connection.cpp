@@ -44,7 +44,15 @@ std::shared_ptr<Connection> Connection::Open(const QString& path)
 {
     checkFileKind(path);
     std::shared_ptr<Connection> c(new Connection(path));
-    c->openFile(false);
+    c->openFile(Mode::ReadWrite);
+    return c;
+}
+
+std::shared_ptr<Connection> Connection::OpenReadOnly(const QString& path)
+{
+    checkFileKind(path);
+    std::shared_ptr<Connection> c(new Connection(path));
+    c->openFile(Mode::ReadOnly);
     return c;
 }
 
@@ -53,15 +61,18 @@ std::shared_ptr<Connection> Connection::Create(const QString& path)
     if (QFileInfo::exists(path) && QFileInfo(path).size() > 0)
         checkFileKind(path);
     std::shared_ptr<Connection> c(new Connection(path));
-    c->openFile(true);
+    c->openFile(Mode::Create);
     return c;
 }
 
-void Connection::openFile(bool create)
+void Connection::openFile(Mode mode)
 {
     // One thread uses a connection, so SQLite's own locking is not needed.
     const QByteArray file = path_.toUtf8();
-    const int flags = SQLITE_OPEN_READWRITE | (create ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_NOMUTEX;
+    const int access = mode == Mode::ReadOnly ? SQLITE_OPEN_READONLY
+                       : mode == Mode::Create ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE
+                                              : SQLITE_OPEN_READWRITE;
+    const int flags = access | SQLITE_OPEN_NOMUTEX;
     if (sqlite3_open_v2(file.constData(), &db_, flags, nullptr) != SQLITE_OK) {
         const QString msg = db_ ? QString::fromUtf8(sqlite3_errmsg(db_)) : QStringLiteral("sin memoria");
         sqlite3_close_v2(db_);
@@ -75,10 +86,13 @@ void Connection::openFile(bool create)
     sqlite3_db_config(db_, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
     sqlite3_busy_timeout(db_, 5000);
     registerSqlFunctions(db_);
-    // The year file stays whole after each statement: years are copied as folders.
+    // The year file stays whole after each statement: years are copied as
+    // folders. A file only read leaves its journal mode as it is.
+    const char* pragmas = mode == Mode::ReadOnly
+                              ? "PRAGMA foreign_keys=OFF;"
+                              : "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF;";
     char* err = nullptr;
-    if (sqlite3_exec(db_, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL; PRAGMA foreign_keys=OFF;", nullptr,
-                     nullptr, &err) != SQLITE_OK) {
+    if (sqlite3_exec(db_, pragmas, nullptr, nullptr, &err) != SQLITE_OK) {
         const QString msg = QString::fromUtf8(err ? err : "");
         sqlite3_free(err);
         sqlite3_close_v2(db_);

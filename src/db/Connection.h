@@ -22,6 +22,9 @@ public:
     static std::shared_ptr<Connection> Open(const QString& path);
     // Creates the file if it is missing: for the installer and the schema.
     static std::shared_ptr<Connection> Create(const QString& path);
+    // Opens an existing database file that is only read (another year's,
+    // say): any write through it fails as a run-time error.
+    static std::shared_ptr<Connection> OpenReadOnly(const QString& path);
 
     ~Connection();
     Connection(const Connection&) = delete;
@@ -60,8 +63,10 @@ private:
     sqlite3_stmt* Prepare(const QString& sqliteText);
     sqlite3* Handle() const { return db_; }
 
+    enum class Mode { ReadWrite, Create, ReadOnly };
+
     explicit Connection(const QString& path);
-    void openFile(bool create);
+    void openFile(Mode mode);
     void clearCache();
     // Whether table.column is declared a date.
     bool isDateColumn(const QString& table, const QString& column);

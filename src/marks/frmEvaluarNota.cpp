@@ -3,6 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "rubrics/frmEvaluarNotaRubrica.h"
 #include "ui/EntryConventions.h"
 #include "ui/FichaForm.h"
 #include "ui/MsgBox.h"
@@ -89,6 +90,14 @@ void frmEvaluarNota::cmdRubricar_Click()
     // Saved first, with whatever the field holds, so that the rubric has a
     // mark to write to through IdNota.
     Guardar();
-    // Rubric marking (NotaMaxTarea = Max, IdTarea) opens here once its
-    // screen is part of the program; the dialog stays open with its field.
+    // The rubric reads the mark and the task's header from here and leaves
+    // its total in txtNota as it closes; the dialog stays open.
+    frmEvaluarNotaRubrica rubrica(this);
+    rubrica.setNotaMaxTarea(max_);
+    rubrica.setIdTarea(idTarea_);
+    rubrica.setIdNota(idNota_);
+    rubrica.setDesTarea(desTarea_);
+    rubrica.setAlumno(Caption());
+    rubrica.setCampoNota(txtNota);
+    ShowModal(&rubrica);
 }

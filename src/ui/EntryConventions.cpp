@@ -26,6 +26,7 @@ const char* const kDecimalComma = "cadernia_decimal_comma";
 const char* const kMask = "cadernia_mask";
 const char* const kHasFocus = "cadernia_has_focus";
 const char* const kClickedIn = "cadernia_clicked_in"; // a masked box entered by the mouse
+const char* const kEnterAsText = "cadernia_enter_as_text";
 
 bool isMultiLine(const QObject* o)
 {
@@ -150,7 +151,10 @@ private:
 
     void focusOut(QWidget* field, QFocusEvent* event)
     {
-        if (windowOnly(event))
+        // A field the focus never reached is not left: a check that sends
+        // the focus back to its own field, while the focus was on its way
+        // to this one, takes it from here before it arrived.
+        if (windowOnly(event) || !field->property(kHasFocus).toBool())
             return;
         field->setProperty(kHasFocus, false);
         field->setProperty(kClickedIn, false);
@@ -178,6 +182,8 @@ private:
             return false;
         if (auto* combo = qobject_cast<QComboBox*>(field); combo && combo->view()->isVisible())
             return false; // Enter chooses in the open list
+        if (field->property(kEnterAsText).toBool())
+            return false;
         if (FieldHandler* search = FieldHandler::of(field, kOnSearch)) {
             guardRuntime([search] { search->run(); });
             return true;
@@ -273,6 +279,26 @@ void limitToColumn(QLineEdit* field, const QString& table, const QString& column
     const int size = gConexion ? gConexion->columnSize(table, column) : 0;
     if (size > 0)
         field->setMaxLength(size);
+}
+
+void limitToColumn(QPlainTextEdit* field, const QString& table, const QString& column)
+{
+    const int size = gConexion ? gConexion->columnSize(table, column) : 0;
+    if (size <= 0)
+        return;
+    QObject::connect(field, &QPlainTextEdit::textChanged, field, [field, size] {
+        const QString text = field->toPlainText();
+        if (text.size() <= size)
+            return;
+        field->setPlainText(text.left(size));
+        field->moveCursor(QTextCursor::End);
+    });
+}
+
+void keepEnterAsText(QPlainTextEdit* field)
+{
+    installOn(field);
+    field->setProperty(kEnterAsText, true);
 }
 
 } // namespace ui

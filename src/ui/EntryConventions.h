@@ -17,6 +17,7 @@
 #include <functional>
 
 class QLineEdit;
+class QPlainTextEdit;
 class QWidget;
 class MaskEdit;
 
@@ -47,6 +48,13 @@ void focusNextField(QWidget* from);
 // Typing stops at the declared size of the column the field is saved to
 // (VARCHAR(n) in the year's schema); a column without one leaves it free.
 void limitToColumn(QLineEdit* field, const QString& table, const QString& column);
+// The same for a multi-line field: a text grown past the size (typed or
+// pasted) is cut back to it.
+void limitToColumn(QPlainTextEdit* field, const QString& table, const QString& column);
+
+// A multi-line field where Enter is a line break and the focus stays; the
+// other conventions (colours, selection) stand.
+void keepEnterAsText(QPlainTextEdit* field);
 
 // A search box: the focus colours and selection of every field, but Enter
 // runs `search` and the focus stays in the box.

@@ -49,7 +49,7 @@ void FocusStyle::drawComplexControl(ComplexControl control, const QStyleOptionCo
                                     const QWidget* widget) const
 {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
-    if (control == CC_ComboBox && (option->state & State_HasFocus))
+    if ((control == CC_ComboBox || control == CC_Slider) && (option->state & State_HasFocus))
         drawFocusFrame(painter, option->rect, option->palette);
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 // The program's look: Qt's Fusion style, with the keyboard focus drawn so it
-// is seen at a glance. A focused button or combo box and the current cell of
-// a focused grid get a two-pixel frame in the highlight colour; entry fields
-// keep their gColor background.
+// is seen at a glance. A focused button, combo box or slider and the current
+// cell of a focused grid get a two-pixel frame in the highlight colour; entry
+// fields keep their gColor background.
 #include <QProxyStyle>
 
 namespace ui {

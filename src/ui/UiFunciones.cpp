@@ -141,6 +141,17 @@ void OrdenarGrid(FlexGrid* grid, int col)
     resumeNext([&] { grid->setRedraw(true); });
 }
 
+float SumarColumnaRubrica(FlexGrid& grid)
+{
+    constexpr int kPuntos = 8;
+    grid.setRedraw(false);
+    float suma = 0;
+    for (int r = 1; r < grid.Rows(); ++r)
+        suma += vb::CSng(grid.TextMatrix(r, kPuntos));
+    grid.setRedraw(true);
+    return suma;
+}
+
 void resetOrdenarGrid()
 {
     lastSortCol = -1;

@@ -25,6 +25,11 @@ void OrdenarGrid(FlexGrid* grid, int col);
 // Forgets the last sorted column, so that the next sort is ascending.
 void resetOrdenarGrid();
 
+// The total of a rubric: the text of column 8 (the points) of every row
+// below the titles, each as a Single, added in Single arithmetic. A text
+// that does not convert is the conversion's run-time error.
+float SumarColumnaRubrica(FlexGrid& grid);
+
 // Posts a press and a release of a virtual key (9 Tab, 13 Enter ...) to the
 // focused widget; they are handled when control returns to the event loop.
 void PulsarTecla(int vk);

@@ -5,6 +5,7 @@
 #include "assessment/frmTareas.h"
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
+#include "rubrics/frmTareasRubrica.h"
 #include "support/GridText.h"
 #include "support/ModalForm.h"
 #include "support/ScreenHarness.h"
@@ -363,17 +364,44 @@ private slots:
         QCOMPARE(tarea, 7); // Examen de problemas
     }
 
-    void placeholderUntilTheRubricScreensLandRubricaAndInformesDoNothing()
+    void rubricaOpensTheRubricOfTheRowAndComesBackToIt()
+    {
+        frmTareas form;
+        form.show();
+        form.mshDatos->setRow(5); // Proyecto huerto, task 3
+        qint32 tarea = 0;
+        QString tipo, cabecera, filas;
+        auto run = onModal<frmTareasRubrica>([&](frmTareasRubrica* f) {
+            tarea = f->IdTarea();
+            tipo = f->TipoTarea();
+            cabecera = f->lblCabecera->text();
+            filas = gridtext::column(*f->mshDatos, 2).join(u' ');
+            // A new task meanwhile: the list is filtered again on return.
+            gConexion->Execute(kRepaso);
+            click(f->cmdSalir);
+        });
+        click(form.cmdRubrica);
+        QVERIFY(run->closedByItself());
+        QCOMPARE(run->caption, QStringLiteral("Rúbrica de tarea"));
+        QCOMPARE(tarea, 3);
+        QCOMPARE(tipo, QStringLiteral("Proyecto"));
+        QCOMPARE(cabecera,
+                 QStringLiteral(" Proyecto | Evaluación: 1ª Evaluación | Materia: Lengua | Grupo: 5º Primaria A"));
+        QCOMPARE(filas, QStringLiteral("1 10 2"));
+        QCOMPARE(form.mshDatos->Rows(), 10);
+        QCOMPARE(form.mshDatos->TextMatrix(form.mshDatos->Row(), kColId), QStringLiteral("3"));
+        QCOMPARE(form.Tag, QString());
+    }
+
+    void informesDoesNothing()
     {
         frmTareas form;
         form.show();
         form.mshDatos->setRow(3);
         const int activations = form.activations();
-        click(form.cmdRubrica);
         click(form.cmdInformes);
-        QCOMPARE(form.cmdRubrica->text(), QStringLiteral("&Rúbrica"));
         QCOMPARE(form.cmdInformes->text(), QStringLiteral("&Informes"));
-        QCOMPARE(form.cmdEvaluacion->text(), QStringLiteral("E&valuación"));
+        QCOMPARE(form.cmdRubrica->text(), QStringLiteral("&Rúbrica"));
         QCOMPARE(form.activations(), activations);
         QCOMPARE(form.mshDatos->Row(), 3);
         QCOMPARE(form.Tag, QString());
@@ -387,6 +415,7 @@ private slots:
         form.show();
         click(form.cmdEditar);
         click(form.cmdEvaluacion);
+        click(form.cmdRubrica);
         click(form.cmdBorrar);
         QVERIFY(MsgBox::shown().isEmpty());
         QVERIFY(seeded_.harness.errors.isEmpty());

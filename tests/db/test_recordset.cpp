@@ -247,6 +247,18 @@ private slots:
         QCOMPARE(errorNumber([&] { rs.RecordCount(); }), int(RuntimeError::ObjectClosed));
     }
 
+    void aFileOpenedReadOnlyIsReadAndRefusesWrites()
+    {
+        TempYear year(TempYear::Fill::Seeded);
+        const auto cn = db::Connection::OpenReadOnly(year.path());
+        Recordset rs;
+        rs.Open(QStringLiteral("SELECT Des FROM tblTareasRubrica WHERE IdTarea = 3 ORDER BY Num"), cn);
+        QCOMPARE(rs.RecordCount(), 3);
+        QVERIFY(errorNumber([&] { cn->Execute(QStringLiteral("DELETE * FROM tblTareasRubrica")); }) != 0);
+        QCOMPARE(yearq::count(QStringLiteral("tblTareasRubrica"), year.connect()), 4);
+        QVERIFY(errorNumber([&] { db::Connection::OpenReadOnly(year.folder() + QStringLiteral("/nada.mdb")); }) != 0);
+    }
+
     void anOldJetFileIsRefusedWithAClearMessage()
     {
         QTemporaryDir dir;

@@ -1,15 +1,21 @@
 // The dialog of one task mark on the sample year: the limits of the task
 // type, the checks on leaving the mark, the INSERT with the digits as typed
-// and the UPDATE through single precision, and "&Rubricar" that saves first.
+// and the UPDATE through single precision, and "&Rubricar" that saves first
+// and takes the rubric's total back into the mark.
 #include "core/Modulo.h"
 #include "marks/frmEvaluarNota.h"
+#include "rubrics/frmEvaluarNotaRubrica.h"
+#include "rubrics/frmEvaluarNotaRubricaValor.h"
+#include "support/ModalForm.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
 #include "ui/Colors.h"
+#include "ui/FlexGrid.h"
 
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSlider>
 #include <QtTest>
 
 using yearq::count;
@@ -196,20 +202,83 @@ private slots:
         QCOMPARE(stored(12), QStringLiteral("15.0"));
     }
 
-    void placeholderUntilTheRubricMarkingLandsRubricarSavesFirstAndTheDialogStaysOpen()
+    void rubricarSavesFirstAndTheRubricTotalComesBackIntoTheMark()
     {
+        // Task 6 (Examen, 0 to 10) given two activities.
+        gConexion->Execute(QStringLiteral("INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Des, Cri, Por, Max) VALUES "
+                                          "(10, 6, '1', 'Lectura', 'Le en voz alta', 50, 4)"));
+        gConexion->Execute(QStringLiteral("INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Des, Cri, Por, Max) VALUES "
+                                          "(11, 6, '2', 'Escritura', 'Escribe sen erros', 50, 8)"));
         frmEvaluarNota d;
         open(d, false);
-        QTest::keyClicks(d.txtNota, QStringLiteral("4"));
+        d.setCaption(QStringLiteral("PÉREZ CASTRO UXÍA"));
+        QTest::keyClicks(d.txtNota, QStringLiteral("0"));
+        qint32 idNota = 0, maximo = 0, tarea = 0;
+        QString tarefa, alumno, guardada;
+        auto run = onModal<frmEvaluarNotaRubrica>([&](frmEvaluarNotaRubrica* r) {
+            // The mark is already in tblNotas: the values have a mark to belong to.
+            idNota = r->IdNota();
+            maximo = r->NotaMaxTarea();
+            tarea = r->IdTarea();
+            tarefa = r->lblTarea->text();
+            alumno = r->lblAlumno->text();
+            guardada = stored(18);
+            for (int fila : {1, 2}) {
+                r->mshDatos->setRow(fila);
+                auto valor = onModal<frmEvaluarNotaRubricaValor>([](frmEvaluarNotaRubricaValor* v) {
+                    QTest::keyClick(v->sldValor, Qt::Key_End);
+                    QTest::keyClick(v->sldValor, Qt::Key_Left);
+                    QTest::keyClick(v->sldValor, Qt::Key_Return);
+                });
+                r->AbrirValor();
+                QVERIFY(valor->closedByItself());
+            }
+            click(r->cmdSalir);
+        });
         click(d.cmdRubricar);
+        QVERIFY(run->closedByItself());
+        QCOMPARE(run->caption, QStringLiteral("Rúbrica de nota"));
+        QCOMPARE(idNota, 18);
+        QCOMPARE(guardada, QStringLiteral("0.0"));
+        QCOMPARE(maximo, 10);
+        QCOMPARE(tarea, 6);
+        QCOMPARE(tarefa, QStringLiteral(" Examen | Evaluación: 2ª Evaluación"));
+        QCOMPARE(alumno, QStringLiteral("PÉREZ CASTRO UXÍA"));
+        // 3 of 4 and 7 of 8 at half each: 3,75 + 4,375, rounded half to even;
+        // a mark of 0 takes it without a question.
+        QVERIFY(MsgBox::shown().isEmpty());
         QVERIFY(d.isVisible());
-        QCOMPARE(d.IdNota(), 18);
-        QCOMPARE(stored(18), QStringLiteral("4.0"));
-        QCOMPARE(d.Tag, QStringLiteral("A"));
-        d.txtNota->setText(QStringLiteral("4,5"));
-        d.cmdAceptar->click(); // now an UPDATE of the same row
-        QCOMPARE(stored(18), QStringLiteral("4.5"));
+        QCOMPARE(d.txtNota->text(), QStringLiteral("8,12"));
+        QCOMPARE(d.Tag, QString());
+        QCOMPARE(yearq::count(QStringLiteral("tblNotasRubrica WHERE IdNota = 18")), 2);
+        d.cmdAceptar->click(); // now the UPDATE of the same row
+        QCOMPARE(stored(18), QStringLiteral("8.11999988555908"));
         QCOMPARE(count(QStringLiteral("tblNotas")), 18);
+    }
+
+    void cancellingTheMarkDialogAfterTheRubricKeepsTheValuesAndTheFirstSaving()
+    {
+        gConexion->Execute(QStringLiteral("INSERT INTO tblTareasRubrica (Id, IdTarea, Num, Des, Cri, Por, Max) VALUES "
+                                          "(10, 6, '1', 'Lectura', 'Le en voz alta', 100, 4)"));
+        frmEvaluarNota d;
+        open(d, true); // Ana's 8
+        auto run = onModal<frmEvaluarNotaRubrica>([](frmEvaluarNotaRubrica* r) {
+            auto valor = onModal<frmEvaluarNotaRubricaValor>([](frmEvaluarNotaRubricaValor* v) {
+                v->sldValor->setValue(1);
+                click(v->cmdAceptar);
+            });
+            r->AbrirValor();
+            MsgBox::setNextAnswer(vbYes);
+            r->close();
+        });
+        click(d.cmdRubricar);
+        QVERIFY(run->closedByItself());
+        QCOMPARE(MsgBox::shown().last().text, QStringLiteral("Actualizar a nota?"));
+        QCOMPARE(d.txtNota->text(), QStringLiteral("2,5"));
+        click(d.cmdCancelar);
+        QCOMPARE(stored(12), QStringLiteral("8.0"));
+        QCOMPARE(yearq::column(QStringLiteral("SELECT Valor FROM tblNotasRubrica WHERE IdNota = 12")),
+                 QStringList{QStringLiteral("1")});
     }
 
     void cancelWritesNothing()

@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTextEdit>
 #include <QVBoxLayout>
@@ -176,6 +177,49 @@ private slots:
         f.txtNom->setFocus(Qt::TabFocusReason);
         ui::focusNextField(f.txtNom);
         QVERIFY(f.txtUltimo->hasFocus());
+    }
+
+    void aCheckThatSendsTheFocusBackRunsNoCheckOfTheFieldItWasGoingTo()
+    {
+        EntryForm f;
+        QStringList left;
+        ui::onFieldLeft(f.txtNom, [&] {
+            left << QStringLiteral("txtNom");
+            f.txtNom->setFocus();
+        });
+        ui::onFieldLeft(f.txtNota, [&] {
+            left << QStringLiteral("txtNota");
+            f.txtNota->setFocus();
+        });
+        QVERIFY(f.show());
+        f.txtNom->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(f.txtNom, Qt::Key_Tab);
+        // txtNota never had the focus: only txtNom was left, once.
+        QCOMPARE(left, QStringList{QStringLiteral("txtNom")});
+        QVERIFY(f.txtNom->hasFocus());
+        QCOMPARE(ui::backColor(f.txtNota), QColor(Qt::white));
+    }
+
+    void aMultiLineFieldKeptForTextTakesEnterAsALineBreakAndStays()
+    {
+        Form form;
+        auto* des = new QPlainTextEdit(&form);
+        auto* next = new QLineEdit(&form);
+        auto* layout = new QVBoxLayout(&form);
+        layout->addWidget(des);
+        layout->addWidget(next);
+        ui::keepEnterAsText(des);
+        form.show();
+        QVERIFY(QTest::qWaitForWindowActive(&form));
+        des->setFocus(Qt::TabFocusReason);
+        QCOMPARE(ui::backColor(des), kFocus);
+        QTest::keyClicks(des, QStringLiteral("a"));
+        QTest::keyClick(des, Qt::Key_Return);
+        QTest::keyClicks(des, QStringLiteral("b"));
+        QCOMPARE(des->toPlainText(), QStringLiteral("a\nb"));
+        QVERIFY(des->hasFocus());
+        QTest::keyClick(des, Qt::Key_Tab);
+        QVERIFY(next->hasFocus());
     }
 
     void searchFieldRunsItsSearchOnEnterAndKeepsTheFocus()

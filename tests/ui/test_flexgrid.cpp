@@ -3,6 +3,7 @@
 #include "core/Modulo.h"
 #include "db/Recordset.h"
 #include "support/SessionYear.h"
+#include "support/Wheel.h"
 #include "ui/Colors.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
@@ -32,14 +33,6 @@ void fillNumbered(FlexGrid& grid, int rows)
         grid.setTextMatrix(r, 1, QStringLiteral("r%1").arg(r));
         grid.setTextMatrix(r, 2, QString::number(r));
     }
-}
-
-void wheel(QWidget* target, int delta)
-{
-    const QPoint pos = target->rect().center();
-    QWheelEvent event(pos, target->mapToGlobal(pos), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(target, &event);
 }
 
 } // namespace

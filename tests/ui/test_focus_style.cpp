@@ -1,12 +1,13 @@
 // The program's style: the keyboard focus framed in the highlight colour on
-// buttons, combo boxes and the current cell of a grid, and nothing drawn
-// around them without the focus.
+// buttons, combo boxes, sliders and the current cell of a grid, and nothing
+// drawn around them without the focus.
 #include "ui/FlexGrid.h"
 #include "ui/FocusStyle.h"
 
 #include <QComboBox>
 #include <QImage>
 #include <QPushButton>
+#include <QSlider>
 #include <QVBoxLayout>
 #include <QtTest>
 
@@ -35,21 +36,25 @@ class TestFocusStyle : public QObject {
 private slots:
     void initTestCase() { QApplication::setStyle(new ui::FocusStyle); } // the application owns it
 
-    void aFocusedButtonOrComboIsFramedAndAnUnfocusedOneIsNot()
+    void aFocusedButtonComboOrSliderIsFramedAndAnUnfocusedOneIsNot()
     {
         QWidget form;
         auto* button = new QPushButton(QStringLiteral("&Aceptar"), &form);
         auto* combo = new QComboBox(&form);
         combo->addItem(QStringLiteral("1º ESO A"));
+        auto* slider = new QSlider(Qt::Horizontal, &form);
+        slider->setFocusPolicy(Qt::StrongFocus);
         auto* other = new QPushButton(QStringLiteral("&Cancelar"), &form);
         auto* layout = new QVBoxLayout(&form);
         layout->addWidget(button);
         layout->addWidget(combo);
+        layout->addWidget(slider);
         layout->addWidget(other);
         form.show();
         form.activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&form));
-        for (QWidget* w : {static_cast<QWidget*>(button), static_cast<QWidget*>(combo)}) {
+        for (QWidget* w :
+             {static_cast<QWidget*>(button), static_cast<QWidget*>(combo), static_cast<QWidget*>(slider)}) {
             other->setFocus(Qt::TabFocusReason);
             QVERIFY(!framed(*w, w->rect()));
             w->setFocus(Qt::TabFocusReason);

@@ -18,6 +18,8 @@
 #include "masterdata/frmTareasTipos.h"
 #include "reports/engine/Report.h"
 #include "reports/engine/ReportDocument.h"
+#include "rubrics/frmEvaluarNotaRubrica.h"
+#include "rubrics/frmTareasRubrica.h"
 #include "students/PrintStaging.h"
 #include "students/frmAlumnos.h"
 #include "students/frmAlumnosFicha.h"
@@ -30,6 +32,7 @@
 
 #include <QComboBox>
 #include <QFile>
+#include <QLabel>
 #include <QProcess>
 #include <QTabWidget>
 
@@ -188,6 +191,47 @@ QWidget* computedStatistics()
     return f;
 }
 
+// The rubric of the first task that has one, as the task list opens it.
+frmTareasRubrica* demoRubric()
+{
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT tblTareas.Id, tblTareasTipos.Des AS Tipo, tblTareas.Des FROM (tblTareas INNER JOIN "
+                           "tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id) INNER JOIN tblTareasRubrica ON "
+                           "tblTareas.Id = tblTareasRubrica.IdTarea ORDER BY tblTareas.Id"),
+            gConexion);
+    auto* f = new frmTareasRubrica;
+    if (!rs.Eof()) {
+        f->setIdTarea(rs.Value(0).toInt());
+        f->setTipoTarea(rs.Value(1).toString());
+        f->lblCabecera->setText(QStringLiteral(" ") + rs.Value(1).toString() + QStringLiteral(" | ") +
+                                rs.Value(2).toString());
+    }
+    return f;
+}
+
+// The rubric marking of the first mark with values that is neither high nor
+// low, as the mark dialog opens it.
+frmEvaluarNotaRubrica* demoRubricMarking()
+{
+    db::Recordset rs;
+    rs.Open(QStringLiteral("SELECT tblNotas.Id, tblNotas.IdTarea, tblTareasTipos.Max, tblTareas.Des, "
+                           "[tblAlumnos]![Ape] & ' ' & [tblAlumnos]![Nom] AS Alumno FROM (((tblNotasRubrica INNER JOIN "
+                           "tblNotas ON tblNotasRubrica.IdNota = tblNotas.Id) INNER JOIN tblTareas ON tblNotas.IdTarea "
+                           "= tblTareas.Id) INNER JOIN tblTareasTipos ON tblTareas.IdTip = tblTareasTipos.Id) INNER "
+                           "JOIN tblAlumnos ON tblNotas.IdAlu = tblAlumnos.Id WHERE tblNotas.Nota / tblTareasTipos.Max "
+                           "BETWEEN 0.6 AND 0.8 ORDER BY tblNotas.Id"),
+            gConexion);
+    auto* f = new frmEvaluarNotaRubrica;
+    if (!rs.Eof()) {
+        f->setIdNota(rs.Value(0).toInt());
+        f->setIdTarea(rs.Value(1).toInt());
+        f->setNotaMaxTarea(rs.Value(2).toInt());
+        f->setDesTarea(QStringLiteral(" ") + rs.Value(3).toString());
+        f->setAlumno(vb::UCase(rs.Value(4)));
+    }
+    return f;
+}
+
 } // namespace
 
 QString studentRecordPage(const QString& outDir)
@@ -251,6 +295,16 @@ QList<Screen> screens()
         child<frmTareas>("frmEvaluar", &frmTareas::cmdEvaluacion_Click),
         {QStringLiteral("frmEvaluarNota"), [] { return static_cast<QWidget*>(newestTaskMarking()); },
          [](QWidget* w) { static_cast<frmEvaluar*>(w)->cmdEvaluarNota_Click(); }},
+        {QStringLiteral("frmTareasRubrica"), [] { return static_cast<QWidget*>(demoRubric()); }, {}},
+        {QStringLiteral("frmTareasRubricaActividad"), [] { return static_cast<QWidget*>(demoRubric()); },
+         [](QWidget* w) { static_cast<frmTareasRubrica*>(w)->cmdEditar_Click(); }},
+        {QStringLiteral("frmRubricas"), [] { return static_cast<QWidget*>(demoRubric()); },
+         [](QWidget* w) { static_cast<frmTareasRubrica*>(w)->cmdPlantilla_Click(); }},
+        {QStringLiteral("frmGraficoRubrica"), [] { return static_cast<QWidget*>(demoRubric()); },
+         [](QWidget* w) { static_cast<frmTareasRubrica*>(w)->cmdGrafico_Click(); }},
+        {QStringLiteral("frmEvaluarNotaRubrica"), [] { return static_cast<QWidget*>(demoRubricMarking()); }, {}},
+        {QStringLiteral("frmEvaluarNotaRubricaValor"), [] { return static_cast<QWidget*>(demoRubricMarking()); },
+         [](QWidget* w) { static_cast<frmEvaluarNotaRubrica*>(w)->AbrirValor(); }},
         finalMarkDialog("frmNotaFinal-Eval", "Eval"),
         finalMarkDialog("frmNotaFinal-FinalO", "FinalO"),
         sheetTab("frmAlumnosFicha-notas", 1),
