@@ -3,6 +3,7 @@
 #include "assessment/Bandas.h"
 #include "core/Modulo.h"
 #include "reports/viewers/frmInformeListado.h"
+#include "ui/Charts.h"
 #include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "vb/Vb.h"
@@ -279,9 +280,7 @@ void frmEstatisticas::DebuxarGrafico()
 {
     // Drawn from the table as it stands after a computation.
     QChart* chart = chtBandas->chart();
-    chart->removeAllSeries();
-    for (QAbstractAxis* axis : chart->axes())
-        chart->removeAxis(axis);
+    ui::clearChart(chart);
     const FlexGrid& g = *mshDatos;
     // The rows of subjects from the last up: the category axis draws its
     // first entry at the bottom, so that the chart reads down as the table.

@@ -4,6 +4,7 @@
 
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "ui/Charts.h"
 #include "ui/Colors.h"
 #include "ui/FlexGrid.h"
 #include "vb/Vb.h"
@@ -32,12 +33,13 @@ QWidget* frmAlumnosFicha::buildGrafico()
         list->setMaximumWidth(220);
     lstTipoGrafico->setMaximumHeight(lstTipoGrafico->sizeHintForRow(0) * 2 + 2 * lstTipoGrafico->frameWidth() + 4);
 
-    auto* chart = new QChart;
+    // The view's own chart: a chart set in its place would leave this one
+    // to nobody.
+    QChart* chart = mscGrafico->chart();
     chart->legend()->hide();
     chart->setLocalizeNumbers(true);
     chart->setLocale(QLocale(QLocale::Spanish, QLocale::Spain));
     chart->setBackgroundRoundness(0);
-    mscGrafico->setChart(chart);
     mscGrafico->setRenderHint(QPainter::Antialiasing);
     mscGrafico->setMinimumSize(420, 300);
 
@@ -84,9 +86,7 @@ void frmAlumnosFicha::MostraGrafico()
         return;
     }
     QChart* chart = mscGrafico->chart();
-    chart->removeAllSeries();
-    for (QAbstractAxis* axis : chart->axes())
-        chart->removeAxis(axis);
+    ui::clearChart(chart);
     chart->setTitle(QString());
 }
 
@@ -111,9 +111,7 @@ void frmAlumnosFicha::PonGrafico(qint32 idMat)
     if (rs.Eof())
         return;
     QChart* chart = mscGrafico->chart();
-    chart->removeAllSeries();
-    for (QAbstractAxis* axis : chart->axes())
-        chart->removeAxis(axis);
+    ui::clearChart(chart);
 
     // Every evaluation of the year in the catalogue's order, with the points
     // the marks tab shows; one without a row there stands at 0.
