@@ -56,9 +56,10 @@ QWidget* frmAlumnosFicha::buildGrafico()
     grid->setRowStretch(1, 1);
     grid->setRowStretch(3, 2);
 
-    // The evaluations and the chart types are for reading: a click on them
-    // changes nothing.
-    onSignal(lstMat, &QListWidget::itemClicked, &frmAlumnosFicha::lstMat_Click);
+    // A subject chosen by the mouse or the arrow keys draws its chart. The
+    // evaluations and the chart types are for reading: choosing one changes
+    // nothing.
+    onSignal(lstMat, &QListWidget::currentRowChanged, &frmAlumnosFicha::lstMat_Click);
     return page;
 }
 
@@ -81,8 +82,12 @@ void frmAlumnosFicha::PonColorGrafico()
 void frmAlumnosFicha::MostraGrafico()
 {
     if (lstMat->count() > 0) {
-        lstMat->setCurrentRow(0);
-        lstMat_Click();
+        // Choosing the first entry draws it; when it is chosen already, so
+        // does the call.
+        if (lstMat->currentRow() == 0)
+            lstMat_Click();
+        else
+            lstMat->setCurrentRow(0);
         return;
     }
     QChart* chart = mscGrafico->chart();

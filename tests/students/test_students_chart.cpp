@@ -121,6 +121,21 @@ private slots:
         QCOMPARE(f.mscGrafico->chart()->title(), title);
     }
 
+    void aSubjectChosenWithTheArrowKeysDrawsItsChart()
+    {
+        twoEvaluationsTwoSubjects();
+        auto& f = year_.open(1);
+        f.sstDatos->setCurrentWidget(f.tabGrafico);
+        const QString first = f.mscGrafico->chart()->title();
+        f.lstMat->setFocus();
+        QTest::keyClick(f.lstMat, Qt::Key_Down);
+        QCOMPARE(f.lstMat->currentRow(), 1);
+        QCOMPARE(f.mscGrafico->chart()->title(), vb::UCase(f.lstMat->item(1)->text()));
+        QVERIFY(f.mscGrafico->chart()->title() != first);
+        const bool lengua = f.lstMat->item(1)->text() == QLatin1String("Lengua");
+        QCOMPARE(values(f.mscGrafico), lengua ? (QList<qreal>{3, 5, 0}) : (QList<qreal>{4, 6, 0}));
+    }
+
     void anEvaluationAddedToTheCatalogueShowsAtZeroAtOnce()
     {
         twoEvaluationsTwoSubjects();
