@@ -148,8 +148,11 @@ public:
     static int stagingWaitMs();
     static void setStagingWaitMs(int ms);
 
-    // Columns of mshEval; the chart and the print read them too.
+    // Columns of the marks grids; the chart and the print read them too.
     enum EvalCol : int { EvEval = 1, EvMat, EvPtos, EvNota, EvIdEva, EvIdMat };
+    enum TipoCol : int { TiTarea = 1, TiMedia, TiValor, TiPtos, TiIdTip };
+    enum TareaCol : int { TaTarea = 1, TaNota, TaObs, TaIdTarea, TaIdNota };
+    enum FinalCol : int { FiMat = 1, FiPtos, FiNota, FiNFO, FiNFE, FiIdMat };
     // A grid of the marks tabs made empty under its titles: one fixed row
     // and the fixed column 0 of width 500, then the columns given (width 0
     // hides one), and `rows` rows in all.

@@ -41,11 +41,11 @@ standing::Record frmAlumnosFicha::RecordFromGrids()
     record.mail = txtMailAlu->text();
     for (int r = 1; r < mshFinal->Rows(); ++r) {
         standing::Final f;
-        f.mat = mshFinal->TextMatrix(r, 1);
-        f.ptos = mshFinal->TextMatrix(r, 2);
-        f.nota = mshFinal->TextMatrix(r, 3);
-        f.nfo = mshFinal->TextMatrix(r, 4);
-        f.nfe = mshFinal->TextMatrix(r, 5);
+        f.mat = mshFinal->TextMatrix(r, FiMat);
+        f.ptos = mshFinal->TextMatrix(r, FiPtos);
+        f.nota = mshFinal->TextMatrix(r, FiNota);
+        f.nfo = mshFinal->TextMatrix(r, FiNFO);
+        f.nfe = mshFinal->TextMatrix(r, FiNFE);
         record.finales.push_back(std::move(f));
     }
     // Each evaluation row made current in turn, and each of its types, so
@@ -61,22 +61,22 @@ standing::Record frmAlumnosFicha::RecordFromGrids()
         aval.eval.ptos = mshEval->TextMatrix(e, EvPtos);
         aval.eval.nota = mshEval->TextMatrix(e, EvNota);
         for (int t = 1; t < mshNotas->Rows(); ++t) {
-            if (mshNotas->TextMatrix(t, 5).isEmpty())
+            if (mshNotas->TextMatrix(t, TiIdTip).isEmpty())
                 continue;
             mshNotas->setRow(t);
             mshNotas_RowColChange();
             standing::Record::TipoTareas tipo;
-            tipo.tipo.tarea = mshNotas->TextMatrix(t, 1);
-            tipo.tipo.media = mshNotas->TextMatrix(t, 2);
-            tipo.tipo.valor = mshNotas->TextMatrix(t, 3);
-            tipo.tipo.ptos = mshNotas->TextMatrix(t, 4);
-            tipo.tipo.idTip = vb::CLng(mshNotas->TextMatrix(t, 5));
+            tipo.tipo.tarea = mshNotas->TextMatrix(t, TiTarea);
+            tipo.tipo.media = mshNotas->TextMatrix(t, TiMedia);
+            tipo.tipo.valor = mshNotas->TextMatrix(t, TiValor);
+            tipo.tipo.ptos = mshNotas->TextMatrix(t, TiPtos);
+            tipo.tipo.idTip = vb::CLng(mshNotas->TextMatrix(t, TiIdTip));
             for (int d = 1; d < mshNotasDetalle->Rows(); ++d)
-                if (!mshNotasDetalle->TextMatrix(d, 4).isEmpty())
-                    tipo.tareas.push_back({mshNotasDetalle->TextMatrix(d, 1), mshNotasDetalle->TextMatrix(d, 2),
-                                           mshNotasDetalle->TextMatrix(d, 3),
-                                           vb::CLng(mshNotasDetalle->TextMatrix(d, 4)),
-                                           mshNotasDetalle->TextMatrix(d, 5)});
+                if (!mshNotasDetalle->TextMatrix(d, TaIdTarea).isEmpty())
+                    tipo.tareas.push_back(
+                        {mshNotasDetalle->TextMatrix(d, TaTarea), mshNotasDetalle->TextMatrix(d, TaNota),
+                         mshNotasDetalle->TextMatrix(d, TaObs), vb::CLng(mshNotasDetalle->TextMatrix(d, TaIdTarea)),
+                         mshNotasDetalle->TextMatrix(d, TaIdNota)});
             aval.tipos.push_back(std::move(tipo));
         }
         record.avals.push_back(std::move(aval));

@@ -23,9 +23,6 @@
 namespace {
 
 // Columns of the grids of this tab.
-enum TipoCol : int { TiTarea = 1, TiMedia, TiValor, TiPtos, TiIdTip };
-enum TareaCol : int { TaTarea = 1, TaNota, TaObs, TaIdTarea, TaIdNota };
-enum FinalCol : int { FiMat = 1, FiPtos, FiNota, FiNFO, FiNFE, FiIdMat };
 
 constexpr auto kLeft = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
