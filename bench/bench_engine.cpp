@@ -162,6 +162,23 @@ void BM_TranslateStatement(benchmark::State& state, Statement which)
 BENCHMARK_CAPTURE(BM_TranslateStatement, TaskTextFilter, Statement::TaskTextFilter)->Apply(micro);
 BENCHMARK_CAPTURE(BM_TranslateStatement, PointsQuery, Statement::PointsQuery)->Apply(micro);
 
+// A chain of n operators that the dialect writes as calls ("1 / 2 / 3 ..."):
+// the time grows with n, not with its square.
+void BM_TranslateOperatorChain(benchmark::State& state, const char* op)
+{
+    const int n = int(state.range(0));
+    QString text = QStringLiteral("SELECT 1");
+    for (int i = 0; i < n; ++i)
+        text += QLatin1Char(' ') + QLatin1String(op) + QLatin1Char(' ') + QString::number(i % 9 + 1);
+    run(state, [&] {
+        db::Translation t = db::JetSql::translate(text);
+        benchmark::DoNotOptimize(t.sql.constData());
+    });
+    state.counters["chars"] = text.size();
+}
+BENCHMARK_CAPTURE(BM_TranslateOperatorChain, Division, "/")->Arg(100'000)->Arg(250'000)->Apply(milli);
+BENCHMARK_CAPTURE(BM_TranslateOperatorChain, Mod, "Mod")->Arg(100'000)->Arg(250'000)->Apply(milli);
+
 // About 1,000 rows through a recordset: fetching, conversion to QVariant and
 // the hidden key columns of an editable recordset.
 void BM_OpenRecordset1000(benchmark::State& state, int which)

@@ -1,5 +1,8 @@
 #include "db/JetSqlParser.h"
 
+#include <QDate>
+#include <QDateTime>
+
 #include <cmath>
 #include <cstdio>
 
@@ -8,6 +11,24 @@
 // are fitted, grouping terms are told apart and date arithmetic is found.
 
 namespace db::jet {
+
+namespace {
+
+// A quoted date of the forms a date column holds ('2024-10-15', what a
+// #2024/10/15# literal becomes), which needs no conversion.
+bool isIsoDateLiteral(QStringView emitted)
+{
+    if (emitted.size() < 2 || emitted.front() != u'\'' || emitted.back() != u'\'')
+        return false;
+    const QStringView text = emitted.mid(1, emitted.size() - 2);
+    if (text.size() == 10)
+        return QDate::fromString(text.toString(), Qt::ISODate).isValid();
+    if (text.size() == 19 && text[10] == u' ')
+        return QDateTime::fromString(text.toString(), QStringLiteral("yyyy-MM-dd HH:mm:ss")).isValid();
+    return false;
+}
+
+} // namespace
 
 Parser::Nesting::Nesting(Parser& p) : p_(p)
 {
@@ -116,20 +137,44 @@ void Parser::fitToColumn(const Expr& e, const ColumnDecl* column)
         if (ok && v >= double(column->min) && v <= double(column->max))
             return;
     }
-    char tail[64];
-    if (column->type == ColumnType::Single) {
-        out_.insert(start, QLatin1String("jet_single("));
-        out_ += u')';
-    } else if (column->size > 0) {
-        out_.insert(start, QLatin1String("jet_check_text("));
-        std::snprintf(tail, sizeof tail, ", %d)", column->size);
-        out_ += QLatin1String(tail);
-    } else if (column->hasRange()) {
-        out_.insert(start, QLatin1String("jet_check_range("));
-        std::snprintf(tail, sizeof tail, ", %lld, %lld)", static_cast<long long>(column->min),
-                      static_cast<long long>(column->max));
-        out_ += QLatin1String(tail);
+    const char* check = nullptr;
+    char tail[64] = ")";
+    switch (column->type) {
+    case ColumnType::Single:
+        check = "jet_single(";
+        break;
+    case ColumnType::Double:
+        if (!e.numberLiteral)
+            check = "jet_number(";
+        break;
+    case ColumnType::Boolean:
+        if (emitted != u"0" && emitted != u"1")
+            check = "jet_bool(";
+        break;
+    case ColumnType::Date:
+        if (!isIsoDateLiteral(emitted))
+            check = "jet_date(";
+        break;
+    case ColumnType::Text:
+        if (column->size > 0) {
+            check = "jet_check_text(";
+            std::snprintf(tail, sizeof tail, ", %d)", column->size);
+        }
+        break;
+    case ColumnType::Integer:
+        if (column->hasRange()) {
+            check = "jet_check_range(";
+            std::snprintf(tail, sizeof tail, ", %lld, %lld)", static_cast<long long>(column->min),
+                          static_cast<long long>(column->max));
+        }
+        break;
+    case ColumnType::Any:
+        break;
     }
+    if (!check)
+        return;
+    out_.insert(start, QLatin1String(check));
+    out_ += QLatin1String(tail);
 }
 
 } // namespace db::jet

@@ -114,7 +114,7 @@ Expr Parser::expression()
     return orExpr();
 }
 
-Expr Parser::call2(const char* fn, const Expr& a, Expr (Parser::*operand)())
+Expr Parser::call2(const char* fn, const Expr& a, Expr (Parser::*operand)(), Openings& openings)
 {
     const int pos = peek(-1).pos;
     out_ += QLatin1String(", ");
@@ -122,10 +122,21 @@ Expr Parser::call2(const char* fn, const Expr& a, Expr (Parser::*operand)())
     if (a.kind == Kind::Date || b.kind == Kind::Date)
         dateOperandError(pos);
     out_ += u')';
-    out_.insert(a.start, QLatin1String(fn));
+    openings.append(fn);
     Expr r = joined(a, b.aggregate);
     r.kind = Kind::Number;
     return r;
+}
+
+void Parser::closeCalls(const Expr& chain, const Openings& openings)
+{
+    if (openings.isEmpty())
+        return;
+    // The last operator's call is the outermost.
+    QString names;
+    for (qsizetype i = openings.size() - 1; i >= 0; --i)
+        names += QLatin1String(openings[i]);
+    out_.insert(chain.start, names);
 }
 
 Expr Parser::orExpr()
@@ -307,22 +318,27 @@ Expr Parser::dateArithmetic(const Expr& a, bool minus, qsizetype operatorAt, con
 Expr Parser::modulo()
 {
     Expr e = intDivision();
+    Openings openings;
     while (accept(Kw::Mod))
-        e = call2("jet_mod(", e, &Parser::intDivision);
+        e = call2("jet_mod(", e, &Parser::intDivision, openings);
+    closeCalls(e, openings);
     return e;
 }
 
 Expr Parser::intDivision()
 {
     Expr e = multiplicative();
+    Openings openings;
     while (acceptOp(u'\\'))
-        e = call2("jet_idiv(", e, &Parser::multiplicative);
+        e = call2("jet_idiv(", e, &Parser::multiplicative, openings);
+    closeCalls(e, openings);
     return e;
 }
 
 Expr Parser::multiplicative()
 {
     Expr e = unary();
+    Openings openings;
     for (;;) {
         if (acceptOp(u'*')) {
             const int pos = peek(-1).pos;
@@ -334,8 +350,9 @@ Expr Parser::multiplicative()
             e.kind = Kind::Number;
         } else if (acceptOp(u'/')) {
             // Always floating point, and a zero divisor is an error.
-            e = call2("jet_div(", e, &Parser::unary);
+            e = call2("jet_div(", e, &Parser::unary, openings);
         } else {
+            closeCalls(e, openings);
             return e;
         }
     }
@@ -362,8 +379,10 @@ Expr Parser::unary()
 Expr Parser::power()
 {
     Expr e = primary();
+    Openings openings;
     while (acceptOp(u'^'))
-        e = call2("jet_pow(", e, &Parser::primary);
+        e = call2("jet_pow(", e, &Parser::primary, openings);
+    closeCalls(e, openings);
     return e;
 }
 

@@ -198,8 +198,13 @@ private:
     // `a + b`, `a - b` where a side is a date: days added, or days between.
     Expr dateArithmetic(const Expr& a, bool minus, qsizetype operatorAt, const Expr& b, int pos);
     // fn(a, b) for an operator that SQLite lacks or means otherwise: `a` is
-    // already in the buffer; the name goes in front of it.
-    Expr call2(const char* fn, const Expr& a, Expr (Parser::*operand)());
+    // already in the buffer; the name goes in front of it, but only when the
+    // chain of such operators ends (closeCalls): a, b, c ... become
+    // fn(fn(a, b), c) with one insertion, not one copy of the chain per
+    // operator.
+    using Openings = QVarLengthArray<const char*, 4>;
+    Expr call2(const char* fn, const Expr& a, Expr (Parser::*operand)(), Openings& openings);
+    void closeCalls(const Expr& chain, const Openings& openings);
 };
 
 } // namespace db::jet

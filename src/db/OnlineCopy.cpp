@@ -3,6 +3,7 @@
 #include "db/Connection.h"
 #include "vb/RuntimeError.h"
 
+#include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -16,6 +17,13 @@ namespace db::OnlineCopy {
 namespace {
 
 constexpr int kBusyTimeoutMs = 5000;
+// A source that another program writes in a tight loop is free only for a
+// moment between its transactions: the copy looks for that moment every
+// millisecond (SQLite's own timeout looks less and less often) for up to
+// kSourcePatienceMs, and then takes its read transaction anew, after a
+// pause that grows, up to kReadAttempts times.
+constexpr int kSourcePatienceMs = 10000;
+constexpr int kReadAttempts = 4;
 // A source is opened for writing where it can be (a write-protected file
 // opens for reading): a journal left by a crash must be played back before
 // the file is read, or a copy would take a half-written transaction.
@@ -40,6 +48,11 @@ StepHook& stepHook()
 QString errorOf(sqlite3* db)
 {
     return QString::fromUtf8(sqlite3_errmsg(db));
+}
+
+QString quotedName(QString name)
+{
+    return u'"' + name.replace(u'"', QStringLiteral("\"\"")) + u'"';
 }
 
 // A connection of the copy's own, closed when it goes.
@@ -99,14 +112,30 @@ private:
     sqlite3* db_ = nullptr;
 };
 
+int waitForWriters(void*, int count)
+{
+    if (count >= kSourcePatienceMs)
+        return 0;
+    sqlite3_sleep(1);
+    return 1;
+}
+
 // A source connection that writes nothing of its own.
 std::unique_ptr<Handle> openSource(const QString& path)
 {
     if (!QFileInfo(path).isFile())
         fail(QStringLiteral("No se pudo encontrar el archivo '%1'.").arg(path));
     auto source = std::make_unique<Handle>(path, kSourceFlags);
+    sqlite3_busy_handler(source->get(), waitForWriters, nullptr);
     source->exec(QStringLiteral("PRAGMA query_only = 1"));
     return source;
+}
+
+// Whether the last failure on a connection was a lock held by another.
+bool lockedOut(const Handle& db)
+{
+    const int code = sqlite3_errcode(db.get()) & 0xff;
+    return code == SQLITE_BUSY || code == SQLITE_LOCKED;
 }
 
 // One read transaction on a connection: the moment everything read through
@@ -131,9 +160,9 @@ RowCounts countRows(const Handle& db)
     RowCounts counts;
     const QStringList tables = db.firstColumn(
         QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"));
-    for (QString table : tables) {
-        const QString quoted = u'"' + table.replace(u'"', QStringLiteral("\"\"")) + u'"';
-        counts.insert(table, db.firstColumn(QStringLiteral("SELECT COUNT(*) FROM ") + quoted).value(0).toLongLong());
+    for (const QString& table : tables) {
+        counts.insert(
+            table, db.firstColumn(QStringLiteral("SELECT COUNT(*) FROM ") + quotedName(table)).value(0).toLongLong());
     }
     return counts;
 }
@@ -165,6 +194,26 @@ void backupInto(const Handle& source, const QString& destination)
     target.close();
 }
 
+TableColumns columnsOf(const Handle& db)
+{
+    TableColumns columns;
+    const QStringList tables = db.firstColumn(
+        QStringLiteral("SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"));
+    for (const QString& table : tables) {
+        sqlite3_stmt* stmt = nullptr;
+        const QByteArray sql = (QStringLiteral("PRAGMA table_info(") + quotedName(table) + u')').toUtf8();
+        if (sqlite3_prepare_v2(db.get(), sql.constData(), -1, &stmt, nullptr) != SQLITE_OK)
+            fail(QStringLiteral("'%1': %2").arg(db.path(), errorOf(db.get())));
+        QStringList list;
+        while (sqlite3_step(stmt) == SQLITE_ROW)
+            list << QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 1))) + u' ' +
+                        QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(stmt, 2))).toUpper();
+        sqlite3_finalize(stmt);
+        columns.insert(table, list);
+    }
+    return columns;
+}
+
 QString quotedText(QString text)
 {
     return u'\'' + text.replace(u'\'', QStringLiteral("''")) + u'\'';
@@ -184,11 +233,19 @@ bool HasSqliteHeader(const QString& path)
 RowCounts Backup(const QString& source, const QString& destination)
 {
     const std::unique_ptr<Handle> from = openSource(source);
-    const ReadTransaction moment(*from);
-    // Counting first also takes the read lock that holds the moment.
-    const RowCounts counts = countRows(*from);
-    backupInto(*from, destination);
-    return counts;
+    for (int attempt = 1;; ++attempt) {
+        try {
+            const ReadTransaction moment(*from);
+            // Counting first also takes the read lock that holds the moment.
+            const RowCounts counts = countRows(*from);
+            backupInto(*from, destination);
+            return counts;
+        } catch (const RuntimeError&) {
+            if (attempt >= kReadAttempts || !lockedOut(*from))
+                throw;
+        }
+        sqlite3_sleep(100 << attempt);
+    }
 }
 
 RowCounts Backup(const Connection& source, const QString& destination)
@@ -229,6 +286,58 @@ RowCounts TableRowCounts(const QString& path)
     const std::unique_ptr<Handle> db = openSource(path);
     const ReadTransaction moment(*db);
     return countRows(*db);
+}
+
+TableColumns ColumnsOf(const QString& path)
+{
+    const std::unique_ptr<Handle> db = openSource(path);
+    return columnsOf(*db);
+}
+
+TableColumns ColumnsOfDdl(const QString& ddl)
+{
+    const Handle db(QStringLiteral(":memory:"), SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+    db.exec(ddl);
+    return columnsOf(db);
+}
+
+QByteArray ContentDigest(const QString& path)
+{
+    const std::unique_ptr<Handle> db = openSource(path);
+    const ReadTransaction moment(*db);
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    for (const QString& sql :
+         db->firstColumn(QStringLiteral("SELECT type || ' ' || name || ' ' || IFNULL(sql, '') FROM sqlite_master "
+                                        "WHERE name NOT LIKE 'sqlite_%' ORDER BY type, name")))
+        hash.addData(sql.toUtf8().append('\0'));
+    const QStringList tables = db->firstColumn(QStringLiteral(
+        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%' ORDER BY name"));
+    for (const QString& table : tables) {
+        sqlite3_stmt* stmt = nullptr;
+        const QByteArray sql =
+            (QStringLiteral("SELECT * FROM ") + quotedName(table) + QStringLiteral(" ORDER BY rowid")).toUtf8();
+        if (sqlite3_prepare_v2(db->get(), sql.constData(), -1, &stmt, nullptr) != SQLITE_OK)
+            fail(QStringLiteral("'%1': %2").arg(path, errorOf(db->get())));
+        const int columns = sqlite3_column_count(stmt);
+        int rc;
+        while ((rc = sqlite3_step(stmt)) == SQLITE_ROW) {
+            for (int c = 0; c < columns; ++c) {
+                // The type goes in with each value: 7 and '7' are not the same.
+                const char type = char('0' + sqlite3_column_type(stmt, c));
+                hash.addData(QByteArrayView(&type, 1));
+                const void* bytes = sqlite3_column_blob(stmt, c);
+                const int size = sqlite3_column_bytes(stmt, c);
+                const qint32 length = size;
+                hash.addData(QByteArrayView(reinterpret_cast<const char*>(&length), sizeof length));
+                if (bytes && size > 0)
+                    hash.addData(QByteArrayView(static_cast<const char*>(bytes), size));
+            }
+        }
+        sqlite3_finalize(stmt);
+        if (rc != SQLITE_DONE)
+            fail(QStringLiteral("'%1': %2").arg(path, errorOf(db->get())));
+    }
+    return hash.result();
 }
 
 QString TemporaryName(const QString& destination)

@@ -6,7 +6,10 @@
 // read transaction across the whole copy and the row counts of the source:
 // the copy and the counts are of the same moment. While it lasts, writers
 // wait (the year's journal mode keeps readers and writers apart), so a copy
-// is short; both sides wait up to five seconds for a lock.
+// is short. Writers wait up to five seconds for a copy; a copy waits its
+// turn for longer, looking for the lock every millisecond, and takes its
+// read transaction anew a few times before it gives up, so that another
+// program writing in a tight loop does not make a backup fail.
 //
 // A source file is opened for writing where it can be, so that a journal
 // left beside it by a crash is played back before the file is read; nothing
@@ -47,6 +50,16 @@ RowCounts VacuumInto(const QString& source, const QString& destination);
 QStringList IntegrityCheck(const QString& path);
 // The row count of every table of a file (in one read transaction).
 RowCounts TableRowCounts(const QString& path);
+
+// The columns of every table of a file, each "name TYPE" as declared, in
+// the table's order; the same of the tables a DDL text creates.
+using TableColumns = QMap<QString, QStringList>;
+TableColumns ColumnsOf(const QString& path);
+TableColumns ColumnsOfDdl(const QString& ddl);
+// A digest of what a database holds: its schema and every row of every
+// table, in key order. Two files with the same digest hold the same year,
+// whatever their pages look like.
+QByteArray ContentDigest(const QString& path);
 
 // The temporary name a copy to `destination` writes first:
 // "<destination>.<8 hex digits>.tmp", beside it.

@@ -54,17 +54,31 @@ QString decodeImportLine(QByteArrayView line)
 QStringList importLines(const QByteArray& bytes)
 {
     QStringList lines;
-    qsizetype start = 0;
+    // A file saved as UTF-16 says so by its byte-order mark; it is read
+    // whole as such, and split at its line ends like any other.
+    const bool utf16le = bytes.startsWith("\xFF\xFE"), utf16be = bytes.startsWith("\xFE\xFF");
+    if (utf16le || utf16be) {
+        QStringDecoder utf16(utf16le ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
+        const QString text = utf16.decode(QByteArrayView(bytes).sliced(2));
+        qsizetype start = 0;
+        while (start < text.size()) {
+            qsizetype end = start;
+            while (end < text.size() && text[end] != u'\n' && text[end] != u'\r')
+                ++end;
+            lines.append(text.mid(start, end - start));
+            start = end + (end + 1 < text.size() && text[end] == u'\r' && text[end + 1] == u'\n' ? 2 : 1);
+        }
+        return lines;
+    }
+    // A line ends at LF, CR LF or a CR alone (lists exported on old Macs).
     const qsizetype n = bytes.size();
+    qsizetype start = bytes.startsWith("\xEF\xBB\xBF") ? 3 : 0;
     while (start < n) {
-        qsizetype end = bytes.indexOf('\n', start);
-        if (end < 0)
-            end = n;
-        qsizetype stop = end;
-        if (stop > start && bytes[stop - 1] == '\r')
-            --stop;
-        lines.append(decodeImportLine(QByteArrayView(bytes).sliced(start, stop - start)));
-        start = end + 1;
+        qsizetype end = start;
+        while (end < n && bytes[end] != '\n' && bytes[end] != '\r')
+            ++end;
+        lines.append(decodeImportLine(QByteArrayView(bytes).sliced(start, end - start)));
+        start = end + (end + 1 < n && bytes[end] == '\r' && bytes[end + 1] == '\n' ? 2 : 1);
     }
     return lines;
 }

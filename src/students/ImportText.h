@@ -14,7 +14,9 @@ class Recordset;
 
 namespace students {
 
-// The lines of the file's bytes, without their ends (LF or CR LF).
+// The lines of the file's bytes, without their ends (LF, CR LF or CR). A
+// file that begins with a UTF-16 byte-order mark is read as UTF-16; a UTF-8
+// byte-order mark is left out.
 QStringList importLines(const QByteArray& bytes);
 
 // One line's bytes as text.

@@ -247,16 +247,27 @@ void checkYearDatabase(const QString& path)
     const QStringList integrity = db::OnlineCopy::IntegrityCheck(path);
     if (integrity != QStringList{QStringLiteral("ok")})
         fail(QStringLiteral("'%1' está dañada: %2").arg(path, integrity.join(u' ')));
-    QSet<QString> present;
-    const RowCounts counts = db::OnlineCopy::TableRowCounts(path);
-    for (auto it = counts.cbegin(); it != counts.cend(); ++it)
-        present.insert(it.key().toLower());
-    QStringList missing;
-    for (const QString& table : db::Schema::YearTables())
-        if (!present.contains(table.toLower()))
+    // Every table of a year with its columns, names and declared types, in
+    // their order: a backup whose tables are there but not their columns
+    // would open and then fail on the first screen.
+    static const db::OnlineCopy::TableColumns year = db::OnlineCopy::ColumnsOfDdl(db::Schema::YearDdl());
+    QMap<QString, QStringList> present;
+    const db::OnlineCopy::TableColumns columns = db::OnlineCopy::ColumnsOf(path);
+    for (auto it = columns.cbegin(); it != columns.cend(); ++it)
+        present.insert(it.key().toLower(), it.value());
+    QStringList missing, different;
+    for (const QString& table : db::Schema::YearTables()) {
+        const auto found = present.constFind(table.toLower());
+        if (found == present.cend())
             missing << table;
+        else if (QString(found->join(u',')).compare(year.value(table).join(u','), Qt::CaseInsensitive) != 0)
+            different << table;
+    }
     if (!missing.isEmpty())
         fail(QStringLiteral("'%1' no es la base de datos de un curso: le faltan %2").arg(path, missing.join(u", ")));
+    if (!different.isEmpty())
+        fail(QStringLiteral("'%1' no es la base de datos de un curso: las columnas de %2 no son las de un curso")
+                 .arg(path, different.join(u", ")));
 }
 
 QStringList safetyCopies(const QString& database)
@@ -274,10 +285,39 @@ QStringList safetyCopies(const QString& database)
     return copies;
 }
 
-QString keepSafetyCopy(const QString& database, const db::Connection* live)
+namespace {
+
+// What a database holds, or nothing when it cannot be read whole (a damaged
+// year is never the same as another).
+QByteArray digestOf(const QString& path)
+{
+    try {
+        return db::OnlineCopy::ContentDigest(path);
+    } catch (const RuntimeError&) {
+        return QByteArray();
+    }
+}
+
+bool sameYear(const QByteArray& digest, const QString& other)
+{
+    return !digest.isEmpty() && QFileInfo(other).isFile() && digestOf(other) == digest;
+}
+
+} // namespace
+
+QString keepSafetyCopy(const QString& database, const db::Connection* live, const QString& replacement)
 {
     if (!QFileInfo(database).isFile())
         return QString();
+    // A year that is the backup itself, or that the newest safety copy
+    // already holds, needs no copy: restoring one backup again and again
+    // must not push the real year out of the safety copies.
+    const QByteArray year = digestOf(database);
+    const QStringList before = safetyCopies(database);
+    if ((!replacement.isEmpty() && sameYear(year, replacement)) ||
+        (!before.isEmpty() && sameYear(year, before.first())))
+        return QString();
+
     // Two restores within one second keep both years.
     QDateTime moment = vb::Clock::now();
     QString copy;
@@ -300,14 +340,18 @@ QString keepSafetyCopy(const QString& database, const db::Connection* live)
             throw;
     }
 
-    // The one just made stays, whatever its stamp says against the others'
-    // (a clock put back); of the others, the newest.
-    int others = 0;
-    for (const QString& older : safetyCopies(database)) {
-        if (sameFile(older, copy))
-            continue;
-        if (++others >= kSafetyCopiesKept)
+    // Only now that the new copy is written and verified may an older one
+    // go. The one just made stays, whatever its stamp says against the
+    // others' (a clock put back); of the others, the newest that hold a year
+    // of their own: a copy holding the same year as one kept adds nothing.
+    QList<QByteArray> kept{year};
+    for (const QString& older : before) {
+        const QByteArray digest = digestOf(older);
+        const bool repeated = !digest.isEmpty() && kept.contains(digest);
+        if (repeated || kept.size() >= kSafetyCopiesKept)
             QFile::remove(older);
+        else
+            kept << (digest.isEmpty() ? QByteArray::number(kept.size()) : digest);
     }
     return copy;
 }

@@ -43,17 +43,22 @@ void copyFolder(const QString& source, const QString& destination, const db::Con
 bool sameFile(const QString& a, const QString& b);
 
 // Whether `path` holds a sound year: SQLite's header, a file that opens and
-// passes PRAGMA integrity_check, and every table of a year. Throws
+// passes PRAGMA integrity_check, and every table of a year with the columns
+// of a year (names and declared types, in order). Throws
 // RuntimeError saying what is wrong.
 void checkYearDatabase(const QString& path);
 
 // Keeps the year database `database` (open in `live`, or closed) as its
 // safety copy "<database>.<yyyyMMdd-HHmmss>.antes" beside it (the moment of
-// vb::Clock, a second on while that name is taken), made like any
-// other copy; a year that fails the copy's checks is kept byte for byte, as
-// it is. Only the newest kSafetyCopiesKept safety copies stay. Returns the
-// copy's path, or "" when there is no file to keep.
-QString keepSafetyCopy(const QString& database, const db::Connection* live = nullptr);
+// vb::Clock, a second on while that name is taken), made like any other
+// copy; a year that fails the copy's checks is kept byte for byte, as it is.
+// No copy is made when the year holds the same as `replacement` (the file
+// about to replace it) or as the newest safety copy. Once the new copy is
+// written and verified, only the newest kSafetyCopiesKept copies that each
+// hold a different year stay. Returns the copy's path, or "" when none was
+// made.
+QString keepSafetyCopy(const QString& database, const db::Connection* live = nullptr,
+                       const QString& replacement = QString());
 inline constexpr int kSafetyCopiesKept = 3;
 // The safety copies of `database`, newest first.
 QStringList safetyCopies(const QString& database);

@@ -240,7 +240,7 @@ void frmCopiaPen::cmdRecuperar_Click()
         BusyCursor busy(this);
         const QString carpeta = gRutaBase + u'/' + gAno;
         // The year being replaced stays beside it, as it was.
-        utilities::keepSafetyCopy(carpeta + QStringLiteral("/Xestion.mdb"), gConexion.get());
+        utilities::keepSafetyCopy(carpeta + QStringLiteral("/Xestion.mdb"), gConexion.get(), copia);
         // The session lets go of the file while it is replaced.
         if (gConexion)
             gConexion->Close();

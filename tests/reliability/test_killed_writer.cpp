@@ -1,12 +1,14 @@
 // A writer killed with SIGKILL at a random moment, again and again on the
 // same year: after each kill the year must open, pass SQLite's integrity
 // check and hold every mark whose statement had returned to the writer, and
-// no statement may be found half done.
+// no statement may be found half done. Backups taken while such a writer
+// runs must all be taken.
 //
 // CADERNIA_RELIABILITY_TRIALS sets the kills per slot (default 20);
 // CADERNIA_RELIABILITY_SEED repeats a run (the seed is printed).
 #include "db/Connection.h"
 #include "db/Schema.h"
+#include "utilities/DatabaseCopy.h"
 #include "vb/RuntimeError.h"
 
 #include <QProcess>
@@ -178,6 +180,48 @@ private slots:
             db::Connection::Open(year)->Close();
         }
         qInfo("%lld generations acknowledged over %d kills", acknowledged, trialsPerSlot());
+    }
+
+    // Backups of a year that another program writes in a tight loop (a
+    // mark a statement, several hundred a second): every backup waits its
+    // turn and is taken, whole and of one moment.
+    void backupsUnderABusyWriterAreAllTaken()
+    {
+        QTemporaryDir dir;
+        const QString year = dir.path() + QStringLiteral("/Xestion.mdb");
+        db::Schema::CreateYear(year);
+        QProcess writer;
+        writer.start(QCoreApplication::applicationDirPath() + QStringLiteral("/cadernia-reliability-writer"),
+                     {year, QStringLiteral("marks")});
+        QVERIFY(writer.waitForStarted(10000));
+        QVERIFY(writer.waitForReadyRead(10000));
+        const QString copy = dir.path() + QStringLiteral("/Copia.mdb");
+        int taken = 0, refused = 0;
+        qint64 previous = 0;
+        QStringList failures;
+        for (int trial = 1; trial <= trialsPerSlot(); ++trial) {
+            try {
+                utilities::copyFile(year, copy);
+                ++taken;
+            } catch (const RuntimeError& e) {
+                ++refused;
+                failures << e.Description();
+                continue;
+            }
+            const PlainYear db(copy);
+            QCOMPARE(column(db, "PRAGMA integrity_check"), QStringList{QStringLiteral("ok")});
+            const qint64 marks = column(db, "SELECT COUNT(*) FROM tblNotas").value(0).toLongLong();
+            QVERIFY(marks >= previous);
+            previous = marks;
+        }
+        writer.kill();
+        writer.waitForFinished(10000);
+        const QByteArray err = writer.readAllStandardError();
+        const qint64 acknowledged = parse(writer.readAllStandardOutput()).marks.size();
+        qInfo("%d backups taken, %d refused, under a writer that wrote %lld marks", taken, refused, acknowledged);
+        QVERIFY2(refused == 0, qPrintable(failures.join(u'\n')));
+        QVERIFY2(err.isEmpty(), err.constData()); // nor did the writer give up
+        QVERIFY(previous > 0);
     }
 };
 

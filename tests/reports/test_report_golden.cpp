@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QThread>
 #include <QtTest>
 
 namespace {
@@ -182,6 +183,64 @@ private slots:
         QFile golden(goldenPath(QStringLiteral("Alumnos")));
         QVERIFY(golden.open(QIODevice::ReadOnly));
         QCOMPARE(pdfText(pdf), QString::fromUtf8(golden.readAll()));
+    }
+
+    // A PDF is written under another name and renamed over the old one when
+    // whole: the tool killed while it writes leaves the old file as it was.
+    void commandLineKilledMidWayLeavesTheOldPdfWhole()
+    {
+        ReportFixture fixture;
+        QTemporaryDir out;
+        const QString pdf = out.path() + QStringLiteral("/Alumnos.pdf");
+        const QStringList args{fixture.base(),
+                               ReportFixture::firstYear(),
+                               QStringLiteral("Alumnos"),
+                               QStringLiteral("--entry"),
+                               QStringLiteral("Global"),
+                               pdf};
+        auto start = [&](QProcess& p) {
+            p.setWorkingDirectory(fixture.program());
+            p.start(QStringLiteral(CADERNIA_BIN_DIR "/cadernia-report"), args);
+            QVERIFY(p.waitForStarted(10000));
+        };
+        {
+            QProcess p;
+            start(p);
+            QVERIFY(p.waitForFinished(60000));
+            QCOMPARE(p.exitCode(), 0);
+        }
+        QFile file(pdf);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray old = file.readAll();
+        file.close();
+        const QString text = pdfText(pdf);
+        QVERIFY(!text.isEmpty());
+        int killedWhileWriting = 0;
+        for (int trial = 0; trial < 6; ++trial) {
+            QProcess p;
+            start(p);
+            // Killed as soon as anything changes in the folder: the moment a
+            // file is being written.
+            const QDateTime modified = QFileInfo(pdf).lastModified();
+            while (p.state() == QProcess::Running) {
+                const QFileInfo now(pdf);
+                if (now.size() != old.size() || now.lastModified() != modified ||
+                    QDir(out.path()).entryList(QDir::Files).size() != 1) {
+                    p.kill();
+                    ++killedWhileWriting;
+                    break;
+                }
+                QThread::usleep(200);
+            }
+            p.waitForFinished(10000);
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray now = file.readAll();
+            file.close();
+            // The old file, or a whole new one of the same pages.
+            QVERIFY2(now == old || (now.startsWith("%PDF") && now.trimmed().endsWith("%%EOF") && pdfText(pdf) == text),
+                     qPrintable(QStringLiteral("trial %1: %2 bytes").arg(trial).arg(now.size())));
+        }
+        QVERIFY(killedWhileWriting > 0);
     }
 
     void commandLineRefusesAnUnknownReport()

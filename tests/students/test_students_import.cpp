@@ -2,6 +2,7 @@
 // file dialog, the checks before importing, and the reading of ".alu" lines
 // from the sample files of tests/students/data.
 #include "AlumnosTest.h"
+#include "students/ImportText.h"
 #include "students/frmComunicacionRecibir.h"
 #include "ui/Dialogs.h"
 #include "ui/MsgBox.h"
@@ -289,6 +290,40 @@ private slots:
         importa(*f);
         QCOMPARE(alumno(51), QStringLiteral("51|Rey|Ana|2"));
         QCOMPARE(alumno(52), QStringLiteral("52|Vidal|Sara|2"));
+    }
+
+    // A list exported on an old Mac ends its lines with CR alone.
+    void aFileWithCrLineEndsImportsEveryStudent()
+    {
+        auto f = ready("cr.alu");
+        importa(*f);
+        QCOMPARE(alumno(61), QStringLiteral("61|Castro Vidal|Antía|2"));
+        QCOMPARE(alumno(62), QStringLiteral("62|Dopazo Rial|Brais|2"));
+        QCOMPARE(alumno(63), QStringLiteral("63|Eirís Pazos|Carme|2"));
+        QCOMPARE(count(QStringLiteral("tblAlumnos")), 11);
+    }
+
+    void lfCrLfAndCrLineEndsInOneFileEachEndALine()
+    {
+        auto f = ready("finais_mesturados.alu");
+        importa(*f);
+        QCOMPARE(alumno(81), QStringLiteral("81|Iglesias|Lois|2"));
+        QCOMPARE(alumno(82), QStringLiteral("82|Xusto|Mar|2"));
+        QCOMPARE(alumno(83), QStringLiteral("83|Louro|Aldara|2"));
+        QCOMPARE(alumno(84), QStringLiteral("84|Mosquera|Iago|2"));
+        QCOMPARE(students::importLines("a\r\rb\r\n\nc"),
+                 (QStringList{QStringLiteral("a"), QString(), QStringLiteral("b"), QString(), QStringLiteral("c")}));
+    }
+
+    void aFileInUtf16IsReadAsSuch()
+    {
+        auto f = ready("utf16.alu");
+        importa(*f);
+        QVERIFY(year_.harness.errors.isEmpty());
+        QCOMPARE(alumno(71), QStringLiteral("71|Fernández Gil|Xiana|2"));
+        QCOMPARE(alumno(72), QStringLiteral("72|García Lema|Roi|2"));
+        QCOMPARE(alumno(73), QStringLiteral("73|Hermida Sar|Noa|2"));
+        QCOMPARE(count(QStringLiteral("tblAlumnos")), 11);
     }
 
     void groupChosenInAnotherCourseIsTheOneUsed()

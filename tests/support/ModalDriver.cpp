@@ -5,6 +5,7 @@
 #include <QDeadlineTimer>
 #include <QDialog>
 #include <QTimer>
+#include <QtTest>
 
 namespace {
 
@@ -20,17 +21,34 @@ void ModalDriver::whenModal(std::function<void(QWidget*)> action, int timeoutMs)
     timer->setInterval(10);
     QObject::connect(timer, &QTimer::timeout, timer, [timer, before, deadline, action = std::move(action)] {
         QWidget* modal = QApplication::activeModalWidget();
-        if (modal && modal != before && modal->isVisible()) {
+        // A dialog is driven once it is the active window: its activation has
+        // then given the focus to its widget, as a teacher's keys would find it.
+        // Acting as soon as it is visible raced that activation.
+        const bool ready = modal && modal != before && modal->isVisible() && modal->isActiveWindow();
+        if (ready) {
             timer->stop();
             timer->deleteLater();
-            action(modal);
+            // What the activation posted (focus events, queued slots) runs first.
+            QTimer::singleShot(0, modal, [modal = QPointer<QWidget>(modal), action] {
+                if (modal)
+                    action(modal);
+            });
             return;
         }
         if (deadline.hasExpired()) {
-            qWarning("ModalDriver: no modal dialog appeared");
             timedOut = true;
             timer->stop();
             timer->deleteLater();
+            if (modal && modal != before) {
+                // Up but never active: a test driving it now would race the
+                // window system. It fails, and the dialog is closed so that
+                // the test ends instead of waiting.
+                QTest::qFail("ModalDriver: the modal dialog never became the active window", __FILE__, __LINE__);
+                modal->close();
+            } else {
+                // Some tests wait on purpose for a dialog that must not come.
+                qWarning("ModalDriver: no modal dialog appeared");
+            }
         }
     });
     timer->start();

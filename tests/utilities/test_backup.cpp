@@ -3,6 +3,7 @@
 // questions and labels, the folders made from the drive, copies of one moment
 // while others write, backups that are refused before they touch the year,
 // and the safety copies a restore keeps of the year it replaces.
+#include "db/Schema.h"
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
@@ -457,6 +458,8 @@ private slots:
         QVERIFY(QFile::copy(install_->database(), backup + QStringLiteral("/Xestion.mdb")));
         TempInstall::write(backup + QStringLiteral("/Fotos/ana.jpg"), "jpg");
         TempInstall::write(install_->yearFolder() + QStringLiteral("/propio.txt"), "queda");
+        // The year moved on since the backup, so it is kept as it was.
+        gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (9, 'Despois')"));
         frmCopiaPen form;
         form.show();
         MsgBox::setNextAnswer(vbYes);
@@ -551,6 +554,52 @@ private slots:
         restoreIsRefused(TempInstall::read(other));
     }
 
+    // Every table of a year is there, with one column each.
+    void aBackupWhoseTablesHaveOneColumnIsRefusedAndTheYearStays()
+    {
+        const QString other = install_->root() + QStringLiteral("/columna.mdb");
+        {
+            const db::ConnectionPtr cn = db::Connection::Create(other);
+            QString ddl;
+            for (const QString& table : db::Schema::YearTables())
+                ddl += QStringLiteral("CREATE TABLE %1 (Id INTEGER PRIMARY KEY);").arg(table);
+            cn->ExecuteNative(ddl);
+        }
+        QCOMPARE(yearq::integrity(other), QStringLiteral("ok"));
+        restoreIsRefused(TempInstall::read(other));
+    }
+
+    void aBackupWithoutTheMarkColumnIsRefusedAndTheYearStays()
+    {
+        const QString other = install_->root() + QStringLiteral("/sen_nota.mdb");
+        QVERIFY(QFile::copy(install_->database(), other));
+        db::Connection::Open(other)->ExecuteNative(QStringLiteral("ALTER TABLE tblNotas DROP COLUMN Nota"));
+        QCOMPARE(yearq::integrity(other), QStringLiteral("ok"));
+        restoreIsRefused(TempInstall::read(other));
+    }
+
+    void aBackupWithAColumnOfAnotherTypeIsRefusedAndTheYearStays()
+    {
+        const QString other = install_->root() + QStringLiteral("/nota_texto.mdb");
+        QVERIFY(QFile::copy(install_->database(), other));
+        db::Connection::Open(other)->ExecuteNative(
+            QStringLiteral("ALTER TABLE tblNotas RENAME TO vellas; CREATE TABLE tblNotas (Id INTEGER PRIMARY KEY, "
+                           "IdTarea INTEGER, IdAlu INTEGER, Nota TEXT, Obs VARCHAR(250)); INSERT INTO tblNotas "
+                           "SELECT * FROM vellas; DROP TABLE vellas;"));
+        QCOMPARE(yearq::integrity(other), QStringLiteral("ok"));
+        restoreIsRefused(TempInstall::read(other));
+    }
+
+    // The check compares against the same schema the installer creates: a
+    // new year passes it.
+    void aNewYearPassesTheCheckOfABackup()
+    {
+        const QString fresh = install_->root() + QStringLiteral("/novo.mdb");
+        db::Schema::CreateYear(fresh);
+        utilities::checkYearDatabase(fresh);
+        utilities::checkYearDatabase(install_->database());
+    }
+
     void aTruncatedBackupIsRefusedAndTheYearStays()
     {
         const QByteArray year = TempInstall::read(install_->database());
@@ -622,16 +671,79 @@ private slots:
         click(form.cmdRealizar);
         gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (20, 'Primera')"));
         click(form.cmdRecuperar);
+        gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (21, 'Segunda')"));
         click(form.cmdRecuperar);
         QVERIFY(harness_.errors.isEmpty());
         const QString second = QStringLiteral("Xestion.mdb.20250305-103016.antes");
         QCOMPARE(filesIn(install_->yearFolder()), (QStringList{"Xestion.mdb", kSafetyCopy, second}));
         QCOMPARE(yearq::native(install_->yearFolder() + u'/' + kSafetyCopy,
-                               QStringLiteral("SELECT Des FROM tblNiveles WHERE Id = 20")),
+                               QStringLiteral("SELECT Des FROM tblNiveles WHERE Id >= 20")),
                  QStringList{QStringLiteral("Primera")});
         QCOMPARE(yearq::native(install_->yearFolder() + u'/' + second,
-                               QStringLiteral("SELECT COUNT(*) FROM tblNiveles WHERE Id = 20")),
-                 QStringList{QStringLiteral("0")});
+                               QStringLiteral("SELECT Des FROM tblNiveles WHERE Id >= 20")),
+                 QStringList{QStringLiteral("Segunda")});
+    }
+
+    // The same older backup restored again and again, a second apart: the
+    // year as the teacher had it stays among the safety copies, once.
+    void fourRestoresOfOneBackupKeepTheRealYearAmongTheSafetyCopies()
+    {
+        frmCopiaPen form;
+        form.show();
+        MsgBox::script({vbOK, vbYes, vbYes, vbYes, vbYes});
+        click(form.cmdRealizar);
+        for (int id = 30; id < 40; ++id)
+            gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (%1, 'Real')").arg(id));
+        const QMap<QString, int> real = yearq::tableCounts(install_->database());
+        for (int i = 0; i < 4; ++i) {
+            vb::Clock::setFixed(kMoment.addSecs(i));
+            click(form.cmdRecuperar);
+        }
+        QVERIFY2(harness_.errors.isEmpty(), qPrintable(firstError()));
+        const QStringList copies = utilities::safetyCopies(install_->database());
+        QCOMPARE(copies.size(), 1);
+        QCOMPARE(QFileInfo(copies.first()).fileName(), kSafetyCopy);
+        QCOMPARE(yearq::tableCounts(copies.first()), real);
+        QCOMPARE(yearq::native(copies.first(), QStringLiteral("SELECT COUNT(*) FROM tblNiveles WHERE Des = 'Real'")),
+                 QStringList{QStringLiteral("10")});
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT Id FROM tblNiveles WHERE Des = 'Real'")), 0);
+    }
+
+    // A year that already is the backup is not kept again.
+    void restoringTheBackupOfTheYearAsItIsMakesNoSafetyCopy()
+    {
+        frmCopiaPen form;
+        form.show();
+        MsgBox::script({vbOK, vbYes});
+        click(form.cmdRealizar);
+        click(form.cmdRecuperar);
+        QVERIFY2(harness_.errors.isEmpty(), qPrintable(firstError()));
+        QCOMPARE(filesIn(install_->yearFolder()), QStringList{QStringLiteral("Xestion.mdb")});
+        QCOMPARE(form.lblInforma->text(), QStringLiteral("La recuperación se ha completado"));
+    }
+
+    // Nor is a year that the newest safety copy already holds: a restore
+    // from another drive of the same older year, again.
+    void aYearTheNewestSafetyCopyHoldsIsNotKeptAgain()
+    {
+        frmCopiaPen form;
+        form.show();
+        MsgBox::script({vbOK, vbYes, vbYes});
+        click(form.cmdRealizar); // usbB holds the year before "Real"
+        gConexion->Execute(QStringLiteral("INSERT INTO tblNiveles (Id, Des) VALUES (30, 'Real')"));
+        click(form.cmdRecuperar); // the year with "Real" kept
+        QCOMPARE(utilities::safetyCopies(install_->database()).size(), 1);
+        // The safety copy put back by hand, as the README tells, and the
+        // same backup restored once more.
+        gConexion->Close();
+        QVERIFY(QFile::remove(install_->database()));
+        QVERIFY(QFile::copy(utilities::safetyCopies(install_->database()).first(), install_->database()));
+        AbrirConexion();
+        vb::Clock::setFixed(kMoment.addSecs(5));
+        click(form.cmdRecuperar);
+        QVERIFY2(harness_.errors.isEmpty(), qPrintable(firstError()));
+        QCOMPARE(utilities::safetyCopies(install_->database()).size(), 1);
+        QCOMPARE(yearq::rowCount(QStringLiteral("SELECT Id FROM tblNiveles WHERE Des = 'Real'")), 0);
     }
 
     void aRestoreOverADamagedYearKeepsItsBytesAsTheSafetyCopy()

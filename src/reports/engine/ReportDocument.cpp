@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 #include <QRegularExpression>
+#include <QSaveFile>
 #include <QScreen>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -363,31 +364,36 @@ void ReportDocument::writePdf(const QVector<const ReportDocument*>& documents, c
 {
     if (documents.isEmpty())
         return;
-    {
-        // QPdfWriter says nothing when it cannot open its file: ask first.
-        QFile probe(path);
-        if (!probe.open(QIODevice::WriteOnly))
-            throw RuntimeError(RuntimeError::PathNotFound,
-                               QStringLiteral("No se puede escribir el archivo %1: %2").arg(path, probe.errorString()));
-    }
-    const ReportDocument& first = *documents.first();
-    QPdfWriter writer(path);
-    writer.setCreator(QStringLiteral("Cadernia"));
-    writer.setTitle(QString(first.header_.title).replace(QLatin1String("\r\n"), QLatin1String(" ")));
-    writer.setResolution(600);
-    writer.setPageLayout(first.pageLayout());
-    QPainter painter;
-    if (!painter.begin(&writer))
+    // The PDF is written whole under a temporary name beside the file and
+    // only then renamed over it: a writer killed half way leaves the file
+    // that was there, never a truncated one.
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
         throw RuntimeError(RuntimeError::PathNotFound,
-                           QStringLiteral("No se puede imprimir el reporte %1").arg(first.name_));
-    for (int i = 0; i < documents.size(); ++i) {
-        if (i > 0) {
-            writer.setPageLayout(documents[i]->pageLayout());
-            writer.newPage();
+                           QStringLiteral("No se puede escribir el archivo %1: %2").arg(path, file.errorString()));
+    const ReportDocument& first = *documents.first();
+    {
+        QPdfWriter writer(&file);
+        writer.setCreator(QStringLiteral("Cadernia"));
+        writer.setTitle(QString(first.header_.title).replace(QLatin1String("\r\n"), QLatin1String(" ")));
+        writer.setResolution(600);
+        writer.setPageLayout(first.pageLayout());
+        QPainter painter;
+        if (!painter.begin(&writer))
+            throw RuntimeError(RuntimeError::PathNotFound,
+                               QStringLiteral("No se puede imprimir el reporte %1").arg(first.name_));
+        for (int i = 0; i < documents.size(); ++i) {
+            if (i > 0) {
+                writer.setPageLayout(documents[i]->pageLayout());
+                writer.newPage();
+            }
+            documents[i]->paintPages(painter, &writer);
         }
-        documents[i]->paintPages(painter, &writer);
+        painter.end();
     }
-    painter.end();
+    if (!file.commit())
+        throw RuntimeError(RuntimeError::PathNotFound,
+                           QStringLiteral("No se puede escribir el archivo %1: %2").arg(path, file.errorString()));
 }
 
 } // namespace reports
