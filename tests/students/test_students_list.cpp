@@ -140,6 +140,7 @@ private slots:
         frmAlumnos list;
         list.show();
         list.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&list));
         list.txtFiltro->setFocus();
         QTest::keyClicks(list.txtFiltro, QStringLiteral("Castro"));
         QCOMPARE(list.lblInfo->text(), QStringLiteral("Se han encontrado 8 alumnos"));

@@ -62,6 +62,33 @@ private slots:
         QCOMPARE(list.fills, 2);
     }
 
+    // The driver acts on a dialog only once it is the active window, so the
+    // focus that its activation places is there when a test reads it.
+    void theModalDriverActsOnceTheDialogIsActiveWithItsFocusPlaced()
+    {
+        ListForm list;
+        list.show();
+        for (int i = 0; i < 20; ++i) {
+            Form child(&list);
+            auto* first = new QPushButton(QStringLiteral("Uno"), &child);
+            auto* second = new QPushButton(QStringLiteral("Dos"), &child);
+            second->move(0, 40);
+            second->setFocus();
+            bool active = false;
+            QWidget* focus = nullptr;
+            ModalDriver::whenModal([&](QWidget* w) {
+                active = QApplication::activeWindow() == w;
+                focus = QApplication::focusWidget();
+                static_cast<QDialog*>(w)->accept();
+            });
+            list.ShowModal(&child);
+            QVERIFY(!ModalDriver::takeTimedOut());
+            QVERIFY(active);
+            QCOMPARE(focus, second);
+            Q_UNUSED(first);
+        }
+    }
+
     void tagASkipsTheRefillAndClearsTheTag()
     {
         ListForm list;
