@@ -7,7 +7,7 @@ GENERATOR = $(if $(shell command -v ninja),-G Ninja)
 LAUNCHER  = $(if $(shell command -v ccache),-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 export CCACHE_BASEDIR := $(CURDIR)
 
-.PHONY: all deps configure build test run screenshots bench format format-check clean reliability fuzz sanitize
+.PHONY: all deps configure build test run screenshots bench format format-check clean reliability fuzz sanitize package package-test
 
 all: build
 
@@ -30,6 +30,13 @@ run:
 
 screenshots:
 	@scripts/screenshots $(BUILD) screenshots
+
+# A Debian package of the installed layout (CPack), then its checks.
+package: build
+	cd $(BUILD) && cpack -G DEB
+
+package-test: package
+	scripts/package-test $(BUILD)
 
 bench: build
 	$(BUILD)/bin/cadernia-bench

@@ -1,5 +1,6 @@
 #include "core/Modulo.h"
 
+#include "core/ProgramFolder.h"
 #include "db/OnlineCopy.h"
 #include "vb/RuntimeError.h"
 
@@ -28,9 +29,11 @@ QString mainWindowCaption()
 
 QString RutaPrograma()
 {
-    if (!gProgramFolder.isEmpty())
-        return gProgramFolder;
-    return QCoreApplication::applicationDirPath();
+    // Decided once: the program's own folder, or the user's folder of an
+    // installed copy (core/ProgramFolder.h).
+    if (gProgramFolder.isEmpty())
+        gProgramFolder = core::programFolderFor(QCoreApplication::applicationDirPath());
+    return gProgramFolder;
 }
 
 void SetRutaPrograma(const QString& folder)

@@ -23,7 +23,9 @@ extern QString gAtopar;
 // reports print it as the school's line.
 QString mainWindowCaption();
 
-// The folder of the program file. Tests and tools may point it elsewhere.
+// The program's folder: the folder of the program file, or for an installed
+// copy the user's own (core/ProgramFolder.h). Tests and tools may point it
+// elsewhere; an empty folder decides it again.
 QString RutaPrograma();
 void SetRutaPrograma(const QString& folder);
 

@@ -1,6 +1,7 @@
 #include "setup/Setup.h"
 #include "vb/Clock.h"
 
+#include "core/ProgramFolder.h"
 #include "reports/engine/ReportFiles.h"
 
 #include "db/Connection.h"
@@ -165,7 +166,8 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
     r.basePath = absoluteClean(options.baseFolder);
     r.yearName = year;
     const QString programDir =
-        absoluteClean(options.programDir.isEmpty() ? QCoreApplication::applicationDirPath() : options.programDir);
+        absoluteClean(options.programDir.isEmpty() ? core::programFolderFor(QCoreApplication::applicationDirPath())
+                                                   : options.programDir);
     const QString yearFolder = r.basePath + u'/' + year;
     r.databasePath = yearFolder + QStringLiteral("/Xestion.mdb");
     r.printPath = programDir + QStringLiteral("/Impresion/Impresion.mdb");
@@ -173,7 +175,8 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
     r.anoIni = programDir + QStringLiteral("/ano.ini");
 
     // Everything that can refuse is checked before the first write.
-    if (QFileInfo::exists(r.databasePath))
+    const bool yearExists = QFileInfo::exists(r.databasePath);
+    if (yearExists && !options.keepExistingYear)
         return fail(error,
                     QStringLiteral("El curso \"%1\" ya existe: %2\nNo se ha cambiado nada.").arg(year, r.databasePath));
     for (const QString& folder : {r.basePath, yearFolder, programDir}) {
@@ -182,6 +185,11 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
             return fail(error, QStringLiteral("%1 existe y no es una carpeta.").arg(folder));
     }
 
+    const auto step = [&](int percent, const QString& what) {
+        if (options.progress)
+            options.progress(percent, what);
+    };
+    step(0, QStringLiteral("Creando las carpetas"));
     const QString icoFolder = r.basePath + QStringLiteral("/Ico");
     for (const QString& folder : {r.basePath, r.basePath + QStringLiteral("/Informes"), icoFolder, yearFolder,
                                   programDir, programDir + QStringLiteral("/Impresion")}) {
@@ -190,24 +198,28 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
     }
     if (!installIcons(icoFolder, error))
         return false;
+    step(10, QStringLiteral("Copiando los informes"));
     if (!reports::installReportFiles(r.basePath, programDir, error))
         return false;
 
     const int startYear = schoolYearStart(year, today);
-    const bool built = buildDatabase(
-        r.databasePath,
-        [&](const QString& path) {
-            db::Schema::CreateYear(path);
-            if (options.demo) {
-                auto cn = db::Connection::Open(path);
-                r.demo = fillDemoYear(cn, startYear, today);
-                cn->Close();
-            }
-        },
-        error);
+    const bool built = yearExists || buildDatabase(
+                                         r.databasePath,
+                                         [&](const QString& path) {
+                                             step(20, QStringLiteral("Creando el curso %1").arg(year));
+                                             db::Schema::CreateYear(path);
+                                             if (options.demo) {
+                                                 step(40, QStringLiteral("Llenando el cuaderno de ejemplo"));
+                                                 auto cn = db::Connection::Open(path);
+                                                 r.demo = fillDemoYear(cn, startYear, today);
+                                                 cn->Close();
+                                             }
+                                         },
+                                         error);
     if (!built)
         return false;
 
+    step(90, QStringLiteral("Preparando la impresión"));
     if (!QFileInfo::exists(r.printPath)) {
         if (!buildDatabase(
                 r.printPath, [](const QString& path) { db::Schema::CreatePrint(path); }, error))
@@ -226,6 +238,7 @@ bool setupBase(const SetupOptions& options, QString* error, SetupResult* result)
     // Last, so that the program never points at a year that is not complete.
     if (!writeConfigLine(r.rutaIni, r.basePath, error) || !writeConfigLine(r.anoIni, year, error))
         return false;
+    step(100, QStringLiteral("Terminado"));
     if (result)
         *result = r;
     return true;

@@ -8,14 +8,22 @@
 #include <QDate>
 #include <QString>
 
+#include <functional>
+
 namespace setup {
 
 struct SetupOptions {
     QString baseFolder; // required; made absolute against the current directory
-    QString programDir; // where ruta.ini, ano.ini and Impresion/ go; empty: the running program's folder
+    QString programDir; // where ruta.ini, ano.ini and Impresion/ go; empty: the program folder of this binary's folder
     QString yearName;   // folder of the first year; empty: the school year of `today`
     bool demo = false;  // fill the year with the demo class book
-    QDate today;        // invalid: the system's date
+    // An existing year is used as it is (a second user of a shared base
+    // folder) instead of being refused; its database is not touched.
+    bool keepExistingYear = false;
+    QDate today; // invalid: the system's date
+    // Told before each step: how far the work is (0 to 100) and what comes
+    // next, in Spanish. Called on the installing thread.
+    std::function<void(int percent, const QString& step)> progress;
 };
 
 struct SetupResult {
@@ -30,7 +38,7 @@ struct SetupResult {
 };
 
 // Installs a base folder and its first year. Nothing is touched when the year
-// already holds an Xestion.mdb. On failure returns false with a Spanish
+// already holds an Xestion.mdb, unless options.keepExistingYear. On failure returns false with a Spanish
 // message in *error.
 bool setupBase(const SetupOptions& options, QString* error, SetupResult* result = nullptr);
 

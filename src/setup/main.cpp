@@ -14,7 +14,8 @@ int usage(QTextStream& err)
            "  Impresion/Impresion.mdb y los archivos ruta.ini y ano.ini junto al programa.\n"
            "  --demo          llena el curso con un cuaderno de ejemplo\n"
            "  --year NOMBRE   nombre del curso (por omisión el curso escolar actual, p. ej. 2026-27)\n"
-           "  --program-dir   carpeta del programa (por omisión la de cadernia-setup)\n"
+           "  --program-dir   carpeta del programa (por omisión la de cadernia-setup o, instalado,\n"
+           "                  ~/.local/share/cadernia)\n"
            "  --date          fecha de referencia en lugar de la de hoy\n";
     return 2;
 }

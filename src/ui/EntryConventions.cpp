@@ -262,6 +262,9 @@ void installSearchField(QLineEdit* field, std::function<void()> search)
 {
     FieldHandler::set(field, kOnSearch, std::move(search));
     installOn(field);
+    // No label stands beside a search field; a screen reader still says what it is for.
+    if (field->accessibleName().isEmpty())
+        field->setAccessibleName(QStringLiteral("Buscar"));
 }
 
 void focusNextField(QWidget* from)

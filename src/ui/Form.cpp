@@ -1,5 +1,6 @@
 #include "ui/Form.h"
 
+#include "ui/AccessibleNames.h"
 #include "ui/RuntimeErrorBox.h"
 
 #include <QAbstractButton>
@@ -45,6 +46,8 @@ void Form::activate()
 void Form::showEvent(QShowEvent* event)
 {
     QDialog::showEvent(event);
+    if (!event->spontaneous())
+        ui::nameControls(this);
     // A spontaneous show is the window system restoring the form, not an
     // activation of it.
     if (!event->spontaneous())

@@ -2,6 +2,7 @@
 
 #include "ui/FocusStyle.h"
 #include "ui/MsgBox.h"
+#include "ui/QtTranslations.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -60,6 +61,7 @@ void handleRuntimeError(const RuntimeError& error)
 GuardedApplication::GuardedApplication(int& argc, char** argv) : QApplication(argc, argv)
 {
     setStyle(new ui::FocusStyle);
+    ui::installQtTranslations();
 }
 
 bool GuardedApplication::notify(QObject* receiver, QEvent* event)

@@ -299,6 +299,43 @@ private slots:
         QVERIFY(errors_.isEmpty());
     }
 
+    void withoutAPdfViewerThePdfEntrySaysWhereItWroteTheFile()
+    {
+        reports::Desktop::setNoViewerForTest();
+        frmInforme form;
+        showAlumnos(form, QStringLiteral("Sin Filtro"));
+        clickEntry(form, QStringLiteral("Global"));
+        MsgBox::setNextAnswer(vbOK);
+        QTest::mouseClick(form.cmdPDF, Qt::LeftButton);
+        const QString expected = fixture_->base() + QStringLiteral("/PDF/Alumnos-20250305-103015.pdf");
+        QVERIFY(QFileInfo(expected).size() > 1000);
+        QCOMPARE(MsgBox::shown().size(), 1);
+        QCOMPARE(MsgBox::shown().last().text,
+                 QStringLiteral("No hay ningún programa para abrir archivos PDF.\nEl informe se ha guardado en:\n") +
+                     expected);
+        QCOMPARE(MsgBox::shown().last().flags, int(vbInformation));
+        QVERIFY(errors_.isEmpty());
+    }
+
+    void escapeClosesEveryViewer()
+    {
+        frmInforme informe;
+        showAlumnos(informe, QStringLiteral("Sin Filtro"));
+        frmInformeListado listado;
+        listado.setTipo(QStringLiteral("NotasAval"));
+        listado.show();
+        frmInformeHojaDoc hoja;
+        hoja.setTipo(QStringLiteral("FichaAlumno"));
+        hoja.show();
+        for (Form* viewer : std::initializer_list<Form*>{&informe, &listado, &hoja}) {
+            QVERIFY(viewer->isVisible());
+            QTest::keyClick(viewer, Qt::Key_Escape);
+            QVERIFY2(!viewer->isVisible(), viewer->metaObject()->className());
+        }
+        QVERIFY(MsgBox::shown().isEmpty());
+        QVERIFY(errors_.isEmpty());
+    }
+
     void cmdImpresoraPrintsOnThePrinterOfLineOne()
     {
         frmInforme form;

@@ -14,8 +14,11 @@ namespace reports {
 // Opens a written file with the desktop's viewer.
 class Desktop {
 public:
-    static void openFile(const QString& path);
+    // False when no program of the machine opens files of its kind.
+    static bool openFile(const QString& path);
     static void setOpenerForTest(std::function<void(const QString&)> opener);
+    // Tests: a machine where nothing opens the file; openFile() returns false.
+    static void setNoViewerForTest();
     static void reset();
 };
 

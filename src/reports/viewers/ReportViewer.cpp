@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPrintPreviewWidget>
 #include <QPrinter>
@@ -65,6 +66,18 @@ ReportViewer::ReportViewer(QWidget* parent) : Form(parent)
 }
 
 ReportViewer::~ReportViewer() = default;
+
+void ReportViewer::keyPressEvent(QKeyEvent* event)
+{
+    // The viewers have no button to close them: Escape does, as in any
+    // desktop viewer.
+    if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+        event->accept();
+        close();
+        return;
+    }
+    Form::keyPressEvent(event);
+}
 
 void ReportViewer::cmdImpresora_Click()
 {
@@ -144,7 +157,10 @@ void ReportViewer::printOn(int which)
         const QString file = folder + u'/' + report_->name() + u'-' +
                              vb::Clock::now().toString(QStringLiteral("yyyyMMdd-HHmmss")) + QStringLiteral(".pdf");
         report_->writePdf(file);
-        reports::Desktop::openFile(file);
+        if (!reports::Desktop::openFile(file))
+            MsgBox(QStringLiteral("No hay ningún programa para abrir archivos PDF.\nEl informe se ha guardado en:\n") +
+                       QDir::toNativeSeparators(file),
+                   vbInformation);
     } else {
         reports::PrinterOutput::print(printers.at(n), *report_);
     }

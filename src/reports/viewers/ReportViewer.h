@@ -55,6 +55,8 @@ protected:
 
     virtual QString selectText() const { return QStringLiteral("Seleccione un informe"); }
 
+    void keyPressEvent(QKeyEvent* event) override;
+
     // The row of the buttons, and the area beside the preview (a list).
     QHBoxLayout* buttonRow;
     QHBoxLayout* mainRow;

@@ -20,6 +20,7 @@
 #include "reports/engine/ReportDocument.h"
 #include "rubrics/frmEvaluarNotaRubrica.h"
 #include "rubrics/frmTareasRubrica.h"
+#include "setup/FirstStart.h"
 #include "students/PrintStaging.h"
 #include "students/frmAlumnos.h"
 #include "students/frmAlumnosFicha.h"
@@ -313,6 +314,10 @@ QList<Screen> screens()
         {QStringLiteral("frmEstatisticas"), computedStatistics, {}},
         {QStringLiteral("frmEstatisticas-NotasAval"), computedStatistics,
          [](QWidget* w) { static_cast<frmEstatisticas*>(w)->cmdInforme_Click(); }},
+        // The launcher's dialog before an installed program's first start.
+        {QStringLiteral("cadernia-start"),
+         [] { return static_cast<QWidget*>(new FirstStartDialog(RutaPrograma() + QStringLiteral("/otro-usuario"))); },
+         {}},
     };
 }
 
