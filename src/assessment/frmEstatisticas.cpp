@@ -4,7 +4,7 @@
 #include "core/Modulo.h"
 #include "reports/viewers/frmInformeListado.h"
 #include "ui/Charts.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "vb/Vb.h"
 
@@ -44,13 +44,6 @@ QString condicion(int banda)
     return banda == bandas::IN ? QStringLiteral("BETWEEN 0.000 AND 4.99") : bandas::entre(banda);
 }
 
-QLabel* label(QWidget* form, const QString& text, QWidget* buddy)
-{
-    auto* l = new QLabel(text, form);
-    l->setBuddy(buddy);
-    return l;
-}
-
 } // namespace
 
 frmEstatisticas::frmEstatisticas(QWidget* parent)
@@ -77,13 +70,13 @@ frmEstatisticas::frmEstatisticas(QWidget* parent)
     mshDatos->setMinimumSize(560, 360);
 
     auto* filtros = new QHBoxLayout;
-    filtros->addWidget(label(this, QStringLiteral("Grupo"), cmbGrupo));
+    filtros->addWidget(ui::label(this, QStringLiteral("Grupo"), cmbGrupo));
     filtros->addWidget(cmbGrupo);
     filtros->addSpacing(8);
-    filtros->addWidget(label(this, QStringLiteral("Notas"), cmbNotas));
+    filtros->addWidget(ui::label(this, QStringLiteral("Notas"), cmbNotas));
     filtros->addWidget(cmbNotas);
     filtros->addSpacing(8);
-    filtros->addWidget(label(this, QStringLiteral("Avaliación"), cmbAvaliacion));
+    filtros->addWidget(ui::label(this, QStringLiteral("Avaliación"), cmbAvaliacion));
     filtros->addWidget(cmbAvaliacion);
     filtros->addSpacing(8);
     filtros->addWidget(cmdCalcular);
@@ -123,7 +116,7 @@ void frmEstatisticas::Form_Activate()
                    gConexion);
     cmbGrupo->clear();
     for (; !rsGrupos_.Eof(); rsGrupos_.MoveNext())
-        cmbGrupo->addItem(FichaForm::Texto(rsGrupos_.Value(QStringLiteral("Grupo"))));
+        cmbGrupo->addItem(ui::displayText(rsGrupos_.Value(QStringLiteral("Grupo"))));
     cmbGrupo->setCurrentIndex(cmbGrupo->count() > 0 ? 0 : -1);
     rsEvaluaciones_.Open(QStringLiteral("SELECT Id, Des FROM tblEvaluaciones ORDER BY Id;"), gConexion);
     cmbNotas->setCurrentIndex(0);
@@ -138,7 +131,7 @@ void frmEstatisticas::cmbNotas_Click()
     } else if (rsEvaluaciones_.RecordCount() > 0) {
         cmbAvaliacion->clear();
         for (rsEvaluaciones_.MoveFirst(); !rsEvaluaciones_.Eof(); rsEvaluaciones_.MoveNext())
-            cmbAvaliacion->addItem(FichaForm::Texto(rsEvaluaciones_.Value(QStringLiteral("Des"))));
+            cmbAvaliacion->addItem(ui::displayText(rsEvaluaciones_.Value(QStringLiteral("Des"))));
     }
     // With no evaluations the list stays as it was.
     if (cmbAvaliacion->count() > 0)
@@ -260,7 +253,7 @@ void frmEstatisticas::cmdCalcular_Click()
         for (rsMaterias_.MoveFirst(); !rsMaterias_.Eof(); rsMaterias_.MoveNext(), ++r) {
             g.setTextMatrix(r, ColNumero, QString::number(r));
             g.setTextMatrix(r, ColIdMat, vb::CStr(rsMaterias_.Value(QStringLiteral("IdMat"))));
-            g.setTextMatrix(r, ColMateria, FichaForm::Texto(rsMaterias_.Value(QStringLiteral("Des"))));
+            g.setTextMatrix(r, ColMateria, ui::displayText(rsMaterias_.Value(QStringLiteral("Des"))));
         }
         for (r = 1; r < g.Rows(); ++r) {
             const qint32 materia = CLng(g.TextMatrix(r, ColIdMat));

@@ -6,7 +6,7 @@
 #include "marks/frmEvaluarNota.h"
 #include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnosFicha.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "ui/UiFunciones.h"
@@ -194,12 +194,12 @@ void frmEvaluar::RellenarNotas()
         if (rsNotas_.Eof())
             continue;
         const QVariant nota = rsNotas_.Value(QStringLiteral("Nota"));
-        g.setTextMatrix(r, ColNota, FichaForm::Texto(nota));
+        g.setTextMatrix(r, ColNota, ui::displayText(nota));
         // A mark not given yet (Null) compares as nothing: no colour.
         if (!vb::IsNull(nota))
             if (const auto color = bandas::colorDeNota(vb::CSng(nota), valorMaximo_))
                 g.setCellBackColor(r, ColNumero, *color);
-        g.setTextMatrix(r, ColObs, FichaForm::Texto(rsNotas_.Value(QStringLiteral("Obs"))));
+        g.setTextMatrix(r, ColObs, ui::displayText(rsNotas_.Value(QStringLiteral("Obs"))));
         g.setTextMatrix(r, ColIdNota, vb::CStr(rsNotas_.Value(QStringLiteral("Id"))));
         ++notasEncontradas_;
     }

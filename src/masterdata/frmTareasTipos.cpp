@@ -3,7 +3,7 @@
 #include "core/Modulo.h"
 #include "masterdata/frmTareasTiposFicha.h"
 #include "masterdata/frmTareasTiposValores.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
@@ -31,7 +31,7 @@ void writeCells(FlexGrid& grid, db::Recordset& rs, const QStringList& fields)
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext(), ++r)
         for (int c = 0; c < fields.size(); ++c)
             if (!fields[c].isEmpty())
-                grid.setTextMatrix(r, c, FichaForm::Texto(rs.Value(fields[c])));
+                grid.setTextMatrix(r, c, ui::displayText(rs.Value(fields[c])));
 }
 
 // Shapes the grid for the rows of rs under a title row; no rows, no grid.
@@ -51,28 +51,11 @@ bool darForma(FlexGrid& grid, db::Recordset& rs, int cols, int fixedCols, const 
     return true;
 }
 
-QComboBox* combo(QWidget* form, const char* name)
-{
-    auto* box = new QComboBox(form);
-    box->setObjectName(QLatin1String(name));
-    box->setMinimumContentsLength(18);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    return box;
-}
-
-QLabel* label(QWidget* form, const char* name, const QString& text, QWidget* buddy)
-{
-    auto* l = new QLabel(text, form);
-    l->setObjectName(QLatin1String(name));
-    l->setBuddy(buddy);
-    return l;
-}
-
 } // namespace
 
 frmTareasTipos::frmTareasTipos(QWidget* parent)
-    : Form(parent), mshDatos(new FlexGrid(this)), mshValor(new FlexGrid(this)), cmbMateria(combo(this, "cmbMateria")),
-      cmbGrupo(combo(this, "cmbGrupo")),
+    : Form(parent), mshDatos(new FlexGrid(this)), mshValor(new FlexGrid(this)),
+      cmbMateria(ui::comboBox(this, "cmbMateria", 18)), cmbGrupo(ui::comboBox(this, "cmbGrupo", 18)),
       cmdFiltrarValor(ui::commandButton(this, "cmdFiltrarValor", QStringLiteral("&Filtrar"))),
       cmdNovo(ui::commandButton(this, "cmdNovo", QStringLiteral("&Nuevo"))),
       cmdEditar(ui::commandButton(this, "cmdEditar", QStringLiteral("&Editar"))),
@@ -86,8 +69,8 @@ frmTareasTipos::frmTareasTipos(QWidget* parent)
     setCaption(QStringLiteral("Tipos de Tareas"));
     mshDatos->setObjectName(QStringLiteral("mshDatos"));
     mshValor->setObjectName(QStringLiteral("mshValor"));
-    lblMateria = label(this, "lblMateria", QStringLiteral("Materia"), cmbMateria);
-    lblGrupo = label(this, "lblGrupo", QStringLiteral("Grupo"), cmbGrupo);
+    lblMateria = ui::label(this, QStringLiteral("Materia"), cmbMateria, "lblMateria");
+    lblGrupo = ui::label(this, QStringLiteral("Grupo"), cmbGrupo, "lblGrupo");
     for (QPushButton* b : {cmdNovoValor, cmdEditarValor, cmdBorrarValor})
         b->setMinimumWidth(0);
 

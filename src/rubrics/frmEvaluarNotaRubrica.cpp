@@ -5,7 +5,7 @@
 #include "db/Recordset.h"
 #include "rubrics/RubricaGrid.h"
 #include "rubrics/frmEvaluarNotaRubricaValor.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
@@ -26,19 +26,12 @@ namespace {
 
 const QString kMarca = QStringLiteral("X");
 
-QLabel* etiqueta(QWidget* form, const char* name, const QString& text = QString())
-{
-    auto* l = new QLabel(text, form);
-    l->setObjectName(QLatin1String(name));
-    return l;
-}
-
 } // namespace
 
 frmEvaluarNotaRubrica::frmEvaluarNotaRubrica(QWidget* parent)
-    : Form(parent), lblTarea(etiqueta(this, "lblTarea")), lblAlumno(etiqueta(this, "lblAlumno")),
-      mshDatos(new FlexGrid(this)), lblNota(etiqueta(this, "lblNota", QStringLiteral("0"))),
-      lblNotaParcial(etiqueta(this, "lblNotaParcial")),
+    : Form(parent), lblTarea(ui::textLabel(this, "lblTarea")), lblAlumno(ui::textLabel(this, "lblAlumno")),
+      mshDatos(new FlexGrid(this)), lblNota(ui::textLabel(this, "lblNota", QStringLiteral("0"))),
+      lblNotaParcial(ui::textLabel(this, "lblNotaParcial")),
       cmdSalir(ui::commandButton(this, "cmdSalir", QStringLiteral("&Salir")))
 {
     setObjectName(QStringLiteral("frmEvaluarNotaRubrica"));
@@ -130,11 +123,11 @@ void frmEvaluarNotaRubrica::Cargar()
         const QVariant max = rs.Value(QStringLiteral("Max"));
         g.setTextMatrix(r, ColId, vb::CStr(id));
         g.setTextMatrix(r, ColNumero, QString::number(r));
-        g.setTextMatrix(r, ColNum, FichaForm::Texto(rs.Value(QStringLiteral("Num"))));
-        g.setTextMatrix(r, ColDes, FichaForm::Texto(rs.Value(QStringLiteral("Des"))));
-        g.setTextMatrix(r, ColCri, FichaForm::Texto(rs.Value(QStringLiteral("Cri"))));
-        g.setTextMatrix(r, ColPor, FichaForm::Texto(por));
-        g.setTextMatrix(r, ColMax, FichaForm::Texto(max));
+        g.setTextMatrix(r, ColNum, ui::displayText(rs.Value(QStringLiteral("Num"))));
+        g.setTextMatrix(r, ColDes, ui::displayText(rs.Value(QStringLiteral("Des"))));
+        g.setTextMatrix(r, ColCri, ui::displayText(rs.Value(QStringLiteral("Cri"))));
+        g.setTextMatrix(r, ColPor, ui::displayText(por));
+        g.setTextMatrix(r, ColMax, ui::displayText(max));
         g.setTextMatrix(r, ColValor, vb::CStr(v));
         const float ptos = NotaPonderada(vb::CSng(por), vb::CByte(max), vb::CByte(v), notaMaxTarea_);
         g.setTextMatrix(r, ColPtos, vb::CStr(QVariant::fromValue(ptos)));

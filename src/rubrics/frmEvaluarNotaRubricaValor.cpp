@@ -4,7 +4,7 @@
 #include "core/Modulo.h"
 #include "db/Recordset.h"
 #include "rubrics/frmEvaluarNotaRubrica.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "ui/RuntimeErrorBox.h"
 #include "vb/Vb.h"
@@ -23,15 +23,6 @@
 namespace {
 
 using Col = frmEvaluarNotaRubrica::Col;
-
-QLabel* etiqueta(QWidget* form, const char* name)
-{
-    auto* l = new QLabel(form);
-    l->setObjectName(QLatin1String(name));
-    l->setWordWrap(true);
-    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return l;
-}
 
 // A slider that moves one step per notch of the mouse wheel, up or right
 // for more, whatever the desktop's lines per notch: a scale of 4 must not
@@ -59,8 +50,8 @@ private:
 } // namespace
 
 frmEvaluarNotaRubricaValor::frmEvaluarNotaRubricaValor(frmEvaluarNotaRubrica* rubrica)
-    : Form(rubrica), lblNum(etiqueta(this, "lblNum")), lblDes(etiqueta(this, "lblDes")),
-      lblCri(etiqueta(this, "lblCri")), sldValor(new Deslizador(this)), lblValor(new QLabel(this)),
+    : Form(rubrica), lblNum(ui::textLabel(this, "lblNum")), lblDes(ui::textLabel(this, "lblDes")),
+      lblCri(ui::textLabel(this, "lblCri")), sldValor(new Deslizador(this)), lblValor(new QLabel(this)),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
       cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), rubrica_(rubrica)
 {
@@ -68,6 +59,11 @@ frmEvaluarNotaRubricaValor::frmEvaluarNotaRubricaValor(frmEvaluarNotaRubrica* ru
     setCaption(QStringLiteral("VALORACIÓN"));
     sldValor->setObjectName(QStringLiteral("sldValor"));
     lblValor->setObjectName(QStringLiteral("lblValor"));
+    // The activity's texts wrap and may be selected to copy them.
+    for (QLabel* l : {lblNum, lblDes, lblCri}) {
+        l->setWordWrap(true);
+        l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
     QFont bold = lblNum->font();
     bold.setBold(true);
     lblNum->setFont(bold);

@@ -4,7 +4,7 @@
 #include "db/Recordset.h"
 #include "rubrics/frmTareasRubrica.h"
 #include "ui/Colors.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "vb/Vb.h"
 
 #include <QBarCategoryAxis>
@@ -83,7 +83,7 @@ void frmGraficoRubrica::Rellenar()
     if (rs.RecordCount() == 0)
         return;
     for (; !rs.Eof(); rs.MoveNext()) {
-        etiquetas_ << FichaForm::Texto(rs.Value(QStringLiteral("Num")));
+        etiquetas_ << ui::displayText(rs.Value(QStringLiteral("Num")));
         valores_ << vb::Round(vb::CDbl(rs.Value(QStringLiteral("Valor10"))), 2);
     }
     QChart* chart = grafico(mscGrafico);

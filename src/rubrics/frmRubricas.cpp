@@ -4,8 +4,8 @@
 #include "core/Modulo.h"
 #include "rubrics/RubricaGrid.h"
 #include "rubrics/frmTareasRubrica.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -114,7 +114,7 @@ void frmRubricas::RellenarLista()
               cnLista_);
     if (!tipo.Eof()) {
         idTip_ = CLng(tipo.Value(QStringLiteral("IdTip")));
-        lblInfo->setText(QStringLiteral("RÚBRICAS DE ") + FichaForm::Texto(tipo.Value(QStringLiteral("TipoTarea"))));
+        lblInfo->setText(QStringLiteral("RÚBRICAS DE ") + ui::displayText(tipo.Value(QStringLiteral("TipoTarea"))));
     }
     tipo.Close();
 
@@ -140,12 +140,12 @@ void frmRubricas::RellenarLista()
                           QStringLiteral("Grupo"), QStringLiteral("Avaliación")});
     int r = 1;
     for (; !rsLista_.Eof(); rsLista_.MoveNext(), ++r) {
-        g.setTextMatrix(r, ColIdTarea, FichaForm::Texto(rsLista_.Value(QStringLiteral("IdTarea"))));
+        g.setTextMatrix(r, ColIdTarea, ui::displayText(rsLista_.Value(QStringLiteral("IdTarea"))));
         g.setTextMatrix(r, ColNumero, QString::number(r));
-        g.setTextMatrix(r, ColTarea, FichaForm::Texto(rsLista_.Value(QStringLiteral("Tarea"))));
-        g.setTextMatrix(r, ColMateria, FichaForm::Texto(rsLista_.Value(QStringLiteral("Materia"))));
-        g.setTextMatrix(r, ColGrupo, FichaForm::Texto(rsLista_.Value(QStringLiteral("Grupo"))));
-        g.setTextMatrix(r, ColAvaliacion, FichaForm::Texto(rsLista_.Value(QStringLiteral("Avaliacion"))));
+        g.setTextMatrix(r, ColTarea, ui::displayText(rsLista_.Value(QStringLiteral("Tarea"))));
+        g.setTextMatrix(r, ColMateria, ui::displayText(rsLista_.Value(QStringLiteral("Materia"))));
+        g.setTextMatrix(r, ColGrupo, ui::displayText(rsLista_.Value(QStringLiteral("Grupo"))));
+        g.setTextMatrix(r, ColAvaliacion, ui::displayText(rsLista_.Value(QStringLiteral("Avaliacion"))));
     }
     rubricas::rematarGrid(g);
 }

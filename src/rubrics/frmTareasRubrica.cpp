@@ -5,7 +5,7 @@
 #include "rubrics/frmGraficoRubrica.h"
 #include "rubrics/frmRubricas.h"
 #include "rubrics/frmTareasRubricaActividad.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -93,11 +93,11 @@ void frmTareasRubrica::Rellenar()
     int r = 1;
     for (; !rs_.Eof(); rs_.MoveNext(), ++r) {
         g.setTextMatrix(r, ColNumero, QString::number(r));
-        g.setTextMatrix(r, ColId, FichaForm::Texto(rs_.Value(QStringLiteral("Id"))));
-        g.setTextMatrix(r, ColNum, FichaForm::Texto(rs_.Value(QStringLiteral("Num"))));
-        g.setTextMatrix(r, ColDes, FichaForm::Texto(rs_.Value(QStringLiteral("Des"))));
-        g.setTextMatrix(r, ColPor, FichaForm::Texto(rs_.Value(QStringLiteral("Por"))));
-        g.setTextMatrix(r, ColMax, FichaForm::Texto(rs_.Value(QStringLiteral("Max"))));
+        g.setTextMatrix(r, ColId, ui::displayText(rs_.Value(QStringLiteral("Id"))));
+        g.setTextMatrix(r, ColNum, ui::displayText(rs_.Value(QStringLiteral("Num"))));
+        g.setTextMatrix(r, ColDes, ui::displayText(rs_.Value(QStringLiteral("Des"))));
+        g.setTextMatrix(r, ColPor, ui::displayText(rs_.Value(QStringLiteral("Por"))));
+        g.setTextMatrix(r, ColMax, ui::displayText(rs_.Value(QStringLiteral("Max"))));
     }
     rubricas::rematarGrid(g);
 }

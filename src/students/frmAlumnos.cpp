@@ -4,8 +4,8 @@
 #include "reports/viewers/frmInforme.h"
 #include "students/ConsultasAlumnos.h"
 #include "students/frmAlumnosFicha.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -40,7 +40,7 @@ const QStringList kTitulos = {QString(),
 
 QString fieldText(const db::Recordset& rs, const char* field)
 {
-    return FichaForm::Texto(rs.Value(QLatin1String(field)));
+    return ui::displayText(rs.Value(QLatin1String(field)));
 }
 
 } // namespace

@@ -163,8 +163,6 @@ public:
     };
     static void PreparaGrid(FlexGrid& grid, std::initializer_list<Columna> columns, int rows);
     static FlexGrid* newGrid(QWidget* parent, const char* name);
-    // A bold caption over a grid or list of the marks tabs.
-    static QLabel* titulo(const QString& text, QWidget* buddy, QWidget* parent);
 
     // The two validations of a save, each with its verdict. Every check runs;
     // ComprobaDatos gives the verdict of the last one that ran.

@@ -8,6 +8,7 @@
 #include "marks/frmNotaFinal.h"
 #include "students/StudentStanding.h"
 #include "ui/Colors.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -81,16 +82,6 @@ bool conFilas(const FlexGrid& g, int keyCol)
 
 } // namespace
 
-QLabel* frmAlumnosFicha::titulo(const QString& text, QWidget* buddy, QWidget* parent)
-{
-    auto* label = new QLabel(text, parent);
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    label->setBuddy(buddy);
-    return label;
-}
-
 FlexGrid* frmAlumnosFicha::newGrid(QWidget* parent, const char* name)
 {
     auto* grid = control<FlexGrid>(parent, name);
@@ -133,13 +124,13 @@ QWidget* frmAlumnosFicha::buildNotas()
     grid->setContentsMargins(10, 10, 10, 10);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(4);
-    grid->addWidget(titulo(QStringLiteral("Puntos y notas de evaluación"), mshEval, page), 0, 0);
+    grid->addWidget(ui::caption(page, QStringLiteral("Puntos y notas de evaluación"), mshEval), 0, 0);
     grid->addWidget(mshEval, 1, 0);
-    grid->addWidget(titulo(QStringLiteral("Tipos de tarea"), mshNotas, page), 0, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("Tipos de tarea"), mshNotas), 0, 1);
     grid->addWidget(mshNotas, 1, 1);
-    grid->addWidget(titulo(QStringLiteral("Notas finales"), mshFinal, page), 2, 0);
+    grid->addWidget(ui::caption(page, QStringLiteral("Notas finales"), mshFinal), 2, 0);
     grid->addWidget(mshFinal, 3, 0);
-    grid->addWidget(titulo(QStringLiteral("Tareas"), mshNotasDetalle, page), 2, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("Tareas"), mshNotasDetalle), 2, 1);
     grid->addWidget(mshNotasDetalle, 3, 1);
     grid->setRowStretch(1, 3);
     grid->setRowStretch(3, 2);

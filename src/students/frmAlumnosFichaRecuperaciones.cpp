@@ -5,8 +5,8 @@
 
 #include "core/Modulo.h"
 #include "ui/Colors.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -118,13 +118,13 @@ void frmAlumnosFicha::CargaRecuperaciones()
     int r = 1;
     for (rsRec_.MoveFirst(); !rsRec_.Eof(); rsRec_.MoveNext(), ++r) {
         const QVariant nota = rsRec_.Value(QStringLiteral("Nota"));
-        g.setTextMatrix(r, ReEval, FichaForm::Texto(rsRec_.Value(QStringLiteral("Eval"))));
-        g.setTextMatrix(r, ReMat, FichaForm::Texto(rsRec_.Value(QStringLiteral("Mat"))));
+        g.setTextMatrix(r, ReEval, ui::displayText(rsRec_.Value(QStringLiteral("Eval"))));
+        g.setTextMatrix(r, ReMat, ui::displayText(rsRec_.Value(QStringLiteral("Mat"))));
         g.setTextMatrix(r, ReNota, vb::IsNull(nota) ? QString() : vb::Format(nota, QStringLiteral("##0.00")));
         g.setTextMatrix(r, ReRecuperar, siNo(rsRec_.Value(QStringLiteral("Recuperar"))));
-        g.setTextMatrix(r, ReNotaRec, FichaForm::Texto(rsRec_.Value(QStringLiteral("NotaRec"))));
+        g.setTextMatrix(r, ReNotaRec, ui::displayText(rsRec_.Value(QStringLiteral("NotaRec"))));
         g.setTextMatrix(r, ReRecuperado, siNo(rsRec_.Value(QStringLiteral("Recuperado"))));
-        g.setTextMatrix(r, ReObs, FichaForm::Texto(rsRec_.Value(QStringLiteral("ObsRec"))));
+        g.setTextMatrix(r, ReObs, ui::displayText(rsRec_.Value(QStringLiteral("ObsRec"))));
         g.setTextMatrix(r, ReId, vb::CStr(rsRec_.Value(QStringLiteral("Id"))));
     }
     ui::stripeRows(g, 1);
@@ -149,8 +149,8 @@ void frmAlumnosFicha::CargaEditorRec()
         return;
     chkRecuperar->setChecked(verdade(rsRec_.Value(QStringLiteral("Recuperar"))));
     chkRecuperada->setChecked(verdade(rsRec_.Value(QStringLiteral("Recuperado"))));
-    txtNotaRec->setText(FichaForm::Texto(rsRec_.Value(QStringLiteral("NotaRec"))));
-    txtObsRec->setText(FichaForm::Texto(rsRec_.Value(QStringLiteral("ObsRec"))));
+    txtNotaRec->setText(ui::displayText(rsRec_.Value(QStringLiteral("NotaRec"))));
+    txtObsRec->setText(ui::displayText(rsRec_.Value(QStringLiteral("ObsRec"))));
 }
 
 void frmAlumnosFicha::LimpiaRecuperacion()

@@ -2,8 +2,8 @@
 
 #include "core/Modulo.h"
 #include "students/ConsultasAlumnos.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 
 #include <QHBoxLayout>
