@@ -5,6 +5,7 @@
 #include "masterdata/frmTareasTiposValores.h"
 #include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
 #include "ui/UiFunciones.h"
@@ -35,21 +36,29 @@ void writeCells(FlexGrid& grid, db::Recordset& rs, const QStringList& fields)
 }
 
 // Shapes the grid for the rows of rs under a title row; no rows, no grid.
-bool darForma(FlexGrid& grid, db::Recordset& rs, int cols, int fixedCols, const QList<int>& widths)
+bool darForma(FlexGrid& grid, db::Recordset& rs, const ui::GridColumns& columns)
 {
-    grid.Clear();
     if (rs.RecordCount() == 0) {
+        grid.Clear();
         grid.setRows(0);
         return false;
     }
-    grid.setRows(rs.RecordCount() + 1);
-    grid.setCols(cols);
-    grid.setFixedRows(1);
-    grid.setFixedCols(fixedCols);
-    for (int c = 0; c < widths.size(); ++c)
-        grid.setColWidth(c, widths[c]);
+    columns.shape(grid, rs.RecordCount());
     return true;
 }
+
+const ui::GridColumns kTipos{{QString(), 300},
+                             {QStringLiteral("Código"), 800},
+                             {QStringLiteral("Descripción"), 2600},
+                             {QStringLiteral("Min."), 700},
+                             {QStringLiteral("Máx."), 700},
+                             {QStringLiteral("Observacións"), 3400}};
+
+// The key stays hidden in a second fixed column.
+const ui::GridColumns kValores{{QString(), 500},
+                               {QString(), 0},
+                               {QStringLiteral("Avaliación"), 2000, Qt::AlignLeft | Qt::AlignVCenter},
+                               {QStringLiteral("Valor"), 800, Qt::AlignCenter}};
 
 } // namespace
 
@@ -136,19 +145,11 @@ void frmTareasTipos::RellenarTipos()
         rsTipos_.Open(sqlTipos_, gConexion);
         FlexGrid& g = *mshDatos;
         g.setRedraw(false);
-        if (darForma(g, rsTipos_, 6, 1, {300, 800, 2600, 700, 700, 3400})) {
-            const QStringList titles{QString(),
-                                     QStringLiteral("Código"),
-                                     QStringLiteral("Descripción"),
-                                     QStringLiteral("Min."),
-                                     QStringLiteral("Máx."),
-                                     QStringLiteral("Observacións")};
-            for (int c = 1; c < titles.size(); ++c)
-                g.setTextMatrix(0, c, titles[c]);
+        if (darForma(g, rsTipos_, kTipos)) {
             writeCells(g, rsTipos_,
                        {QString(), QStringLiteral("Id"), QStringLiteral("Des"), QStringLiteral("Min"),
                         QStringLiteral("Max"), QStringLiteral("Obs")});
-            ui::stripeRows(g, 1);
+            ui::finishGrid(g, {.firstCell = false});
             AjustarColumnas();
             g.setRow(std::clamp(fila, 1, g.Rows() - 1));
             g.setCol(1);
@@ -182,15 +183,9 @@ void frmTareasTipos::RellenarValores()
             QStringLiteral(")") + QStringLiteral(" ORDER BY tblTareasTiposValor.IdEval;");
         rsValor_.Open(sqlValor_, gConexion);
         FlexGrid& g = *mshValor;
-        if (darForma(g, rsValor_, 4, 2, {500, 0, 2000, 800})) {
-            g.setTextMatrix(0, 2, QStringLiteral("Avaliación"));
-            g.setTextMatrix(0, 3, QStringLiteral("Valor"));
-            g.setColAlignment(2, Qt::AlignLeft | Qt::AlignVCenter);
-            g.setFixedAlignment(2, Qt::AlignLeft | Qt::AlignVCenter);
-            g.setColAlignment(3, Qt::AlignCenter);
-            g.setFixedAlignment(3, Qt::AlignCenter);
+        if (darForma(g, rsValor_, kValores)) {
             writeCells(g, rsValor_, {QStringLiteral("Id"), QString(), QStringLiteral("Aval"), QStringLiteral("Valor")});
-            ui::stripeRows(g, 2);
+            ui::finishGrid(g, {.fixedCols = 2, .stripesFrom = 2, .firstCell = false});
             AjustarColumnas();
             g.setRow(1);
             g.setCol(2);

@@ -3,9 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
-#include "rubrics/frmEvaluarNotaRubrica.h"
 #include "ui/Controls.h"
-#include "ui/FlexGrid.h"
 #include "ui/RuntimeErrorBox.h"
 #include "vb/Vb.h"
 
@@ -21,8 +19,6 @@
 #include <algorithm>
 
 namespace {
-
-using Col = frmEvaluarNotaRubrica::Col;
 
 // A slider that moves one step per notch of the mouse wheel, up or right
 // for more, whatever the desktop's lines per notch: a scale of 4 must not
@@ -49,11 +45,11 @@ private:
 
 } // namespace
 
-frmEvaluarNotaRubricaValor::frmEvaluarNotaRubricaValor(frmEvaluarNotaRubrica* rubrica)
-    : Form(rubrica), lblNum(ui::textLabel(this, "lblNum")), lblDes(ui::textLabel(this, "lblDes")),
+frmEvaluarNotaRubricaValor::frmEvaluarNotaRubricaValor(QWidget* parent)
+    : Form(parent), lblNum(ui::textLabel(this, "lblNum")), lblDes(ui::textLabel(this, "lblDes")),
       lblCri(ui::textLabel(this, "lblCri")), sldValor(new Deslizador(this)), lblValor(new QLabel(this)),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
-      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), rubrica_(rubrica)
+      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar")))
 {
     setObjectName(QStringLiteral("frmEvaluarNotaRubricaValor"));
     setCaption(QStringLiteral("VALORACIÓN"));
@@ -143,7 +139,7 @@ bool frmEvaluarNotaRubricaValor::eventFilter(QObject* watched, QEvent* event)
 
 void frmEvaluarNotaRubricaValor::cmdAceptar_Click()
 {
-    const qint32 idNota = rubrica_->IdNota();
+    const qint32 idNota = idNota_;
     db::Recordset rs;
     rs.Open(
         QStringLiteral("SELECT * FROM tblNotasRubrica WHERE IdNota = %1 AND IdActividad = %2").arg(idNota).arg(idActi_),
@@ -159,14 +155,6 @@ void frmEvaluarNotaRubricaValor::cmdAceptar_Click()
     rs.Fields(QStringLiteral("Valor")) = valor;
     rs.Update();
     rs.Close();
-
-    // The row of the screen beneath, its points from its own weight and Max.
-    FlexGrid& g = *rubrica_->mshDatos;
-    const int r = g.Row();
-    g.setTextMatrix(r, Col::ColValor, QString::number(valor));
-    const float ptos = NotaPonderada(vb::CSng(g.TextMatrix(r, Col::ColPor)), vb::CByte(g.TextMatrix(r, Col::ColMax)),
-                                     quint8(valor), rubrica_->NotaMaxTarea());
-    g.setTextMatrix(r, Col::ColPtos, vb::CStr(QVariant::fromValue(ptos)));
-    rubrica_->MostrarTotal();
+    aceptado_ = valor;
     Unload();
 }

@@ -2,7 +2,6 @@
 
 #include "core/Modulo.h"
 #include "db/Recordset.h"
-#include "rubrics/frmTareasRubrica.h"
 #include "ui/Colors.h"
 #include "ui/Controls.h"
 #include "vb/Vb.h"
@@ -27,8 +26,8 @@ QChart* grafico(QChartView* view)
 
 } // namespace
 
-frmGraficoRubrica::frmGraficoRubrica(frmTareasRubrica* rubrica)
-    : Form(rubrica), mscGrafico(new QChartView(this)), rubrica_(rubrica)
+frmGraficoRubrica::frmGraficoRubrica(const RubricTask& tarea, QWidget* parent)
+    : Form(parent), mscGrafico(new QChartView(this)), tarea_(tarea)
 {
     setObjectName(QStringLiteral("frmGraficoRubrica"));
     setCaption(QStringLiteral("Grafico de Rúbrica"));
@@ -77,7 +76,7 @@ void frmGraficoRubrica::Rellenar()
                            "tblTareasRubrica.Id, tblTareasRubrica.Num, tblTareasRubrica.Des, tblNotas.IdTarea Having "
                            "tblNotas.IdTarea = %1 ORDER BY "
                            "Avg([tblNotasRubrica]![Valor]/[tblNotasRubrica]![Max]*10) DESC;")
-                .arg(rubrica_->IdTarea()),
+                .arg(tarea_.id),
             gConexion);
     // No values: the chart stays as designed.
     if (rs.RecordCount() == 0)

@@ -2,7 +2,6 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "rubrics/frmTareasRubrica.h"
 #include "ui/Controls.h"
 #include "ui/EntryConventions.h"
 #include "ui/MsgBox.h"
@@ -44,12 +43,12 @@ bool rechazar(const QString& text, QLineEdit* field, bool select)
 
 } // namespace
 
-frmTareasRubricaActividad::frmTareasRubricaActividad(frmTareasRubrica* rubrica)
-    : Form(rubrica), txtId(ui::textField(this, "txtId", 8)), txtNum(ui::textField(this, "txtNum", 6)),
+frmTareasRubricaActividad::frmTareasRubricaActividad(const RubricTask& tarea, QWidget* parent)
+    : Form(parent), txtId(ui::textField(this, "txtId", 8)), txtNum(ui::textField(this, "txtNum", 6)),
       txtDes(texto(this, "txtDes", 3)), txtPor(ui::textField(this, "txtPor", 8)),
       txtMax(ui::textField(this, "txtMax", 6)), txtCri(texto(this, "txtCri", 4)),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
-      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), rubrica_(rubrica)
+      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), tarea_(tarea)
 {
     setObjectName(QStringLiteral("frmTareasRubricaActividad"));
     setCaption(QStringLiteral("Actividades da Rúbrica"));
@@ -163,7 +162,7 @@ void frmTareasRubricaActividad::Grabar()
         rs_.Open(kTabla, gConexion);
         rs_.AddNew();
         rs_.Fields(QStringLiteral("Id")) = vb::CLng(txtId->text());
-        rs_.Fields(QStringLiteral("IdTarea")) = rubrica_->IdTarea();
+        rs_.Fields(QStringLiteral("IdTarea")) = tarea_.id;
     }
     rs_.Fields(QStringLiteral("Num")) = txtNum->text();
     rs_.Fields(QStringLiteral("Des")) = txtDes->toPlainText();
