@@ -18,8 +18,7 @@ enum : int { ReEval = 1, ReMat, ReNota, ReRecuperar, ReNotaRec, ReRecuperado, Re
 
 QString columna(const QString& column, int id)
 {
-    const QVariant v = value(QStringLiteral("SELECT %1 FROM tblNotasEval WHERE Id = %2").arg(column).arg(id));
-    return v.isNull() ? QStringLiteral("Null") : v.toString();
+    return yearq::field(QStringLiteral("tblNotasEval"), column, id);
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 // questions and labels, the folders made from the drive, copies of one moment
 // while others write, backups that are refused before they touch the year,
 // and the safety copies a restore keeps of the year it replaces.
+#include "support/Files.h"
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
@@ -51,10 +52,7 @@ QStringList sorted(QStringList names)
     return names;
 }
 
-QStringList filesIn(const QString& folder)
-{
-    return sorted(QDir(folder).entryList(QDir::Files | QDir::Hidden));
-}
+using files::filesIn;
 
 } // namespace
 
