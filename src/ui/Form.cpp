@@ -30,13 +30,9 @@ int Form::ShowModal(Form* child)
         child->setParent(this, child->windowFlags() | Qt::Dialog);
     // The child may delete itself on close: nothing of it is touched after.
     const int result = child->showModal();
-    // Only a form on screen becomes active again, and takes the keyboard
-    // back from whatever the child left it to.
-    if (isVisible()) {
-        if (!isActiveWindow())
-            activateWindow();
+    // Only a form on screen becomes active again.
+    if (isVisible())
         activate();
-    }
     return result;
 }
 

@@ -62,18 +62,6 @@ private slots:
         QCOMPARE(list.fills, 2);
     }
 
-    void closingAModalChildGivesTheKeyboardBackToTheParent()
-    {
-        ListForm list;
-        list.show();
-        QVERIFY(QTest::qWaitForWindowActive(&list));
-        Form child(&list);
-        ModalDriver::closeNext();
-        list.ShowModal(&child);
-        QVERIFY(!ModalDriver::takeTimedOut());
-        QTRY_COMPARE(QApplication::activeWindow(), &list);
-    }
-
     void tagASkipsTheRefillAndClearsTheTag()
     {
         ListForm list;
