@@ -4,42 +4,42 @@
 #include "ui/Colors.h"
 #include "vb/Vb.h"
 
-namespace bandas {
+namespace bands {
 
-QString nome(int banda)
+QString name(int band)
 {
-    return QLatin1String(bands::kNames[banda]);
+    return QLatin1String(bands::kNames[band]);
 }
 
-QColor color(int banda)
+QColor colour(int band)
 {
-    return QColor::fromRgb(bands::kColours[banda]);
+    return QColor::fromRgb(bands::kColours[band]);
 }
 
-std::optional<QColor> colorDeNota(float nota, qint16 maximo)
+std::optional<QColor> markColour(float mark, qint16 maximum)
 {
-    if (maximo == 0)
+    if (maximum == 0)
         vb::Raise(RuntimeError::DivisionByZero);
     // Single precision, as the mark is kept.
-    const float n = nota / float(maximo) * 10.0f;
+    const float n = mark / float(maximum) * 10.0f;
     if (n > 0 && n < 5)
-        return color(IN);
+        return colour(IN);
     if (n >= 5 && n < 6)
-        return color(SF);
+        return colour(SF);
     if (n >= 6 && n < 7)
-        return color(BE);
+        return colour(BE);
     if (n >= 7 && n < 9)
-        return color(NT);
+        return colour(NT);
     if (n >= 9 && n <= 10)
-        return color(SB);
-    if (nota < 0)
+        return colour(SB);
+    if (mark < 0)
         return ui::buttonFace();
     return std::nullopt;
 }
 
-QString entre(int banda)
+QString between(int band)
 {
-    switch (banda) {
+    switch (band) {
     case SF:
         return QStringLiteral("BETWEEN 4.999 AND 5.99");
     case BE:
@@ -51,21 +51,22 @@ QString entre(int banda)
     }
 }
 
-QString sqlConteo(int banda, qint32 idTarea)
+QString countStatement(int band, qint32 taskId)
 {
-    const QString axustada = QStringLiteral("(tblNotas.Nota/[tblTareasTipos]![Max]*10");
-    const QString desde =
+    const QString adjusted = QStringLiteral("(tblNotas.Nota/[tblTareasTipos]![Max]*10");
+    const QString from =
         QStringLiteral(
             " FROM (tblNotas INNER JOIN tblTareas ON tblNotas.IdTarea = tblTareas.Id) INNER JOIN tblTareasTipos ON "
             "tblTareas.IdTip = tblTareasTipos.Id WHERE tblNotas.IdTarea=%1")
-            .arg(idTarea);
-    const QString notaAxustada = QStringLiteral("SELECT ") + axustada + QStringLiteral(") AS NotaAxustada") + desde;
-    const QString notaMax = QStringLiteral("SELECT tblNotas.Nota, tblTareasTipos.Max") + desde;
-    if (banda == IN)
-        return notaAxustada + QStringLiteral(" AND ") + axustada + QStringLiteral(")<4.999 AND ") + axustada +
+            .arg(taskId);
+    const QString adjustedMark = QStringLiteral("SELECT ") + adjusted + QStringLiteral(") AS NotaAxustada") + from;
+    const QString markAndMaximum = QStringLiteral("SELECT tblNotas.Nota, tblTareasTipos.Max") + from;
+    if (band == IN)
+        return adjustedMark + QStringLiteral(" AND ") + adjusted + QStringLiteral(")<4.999 AND ") + adjusted +
                QStringLiteral(")>0;");
     // SF selects the adjusted mark, the others the mark and the maximum.
-    return (banda == SF ? notaAxustada : notaMax) + QStringLiteral(" AND ") + axustada + u' ' + entre(banda) + u')';
+    return (band == SF ? adjustedMark : markAndMaximum) + QStringLiteral(" AND ") + adjusted + u' ' + between(band) +
+           u')';
 }
 
-} // namespace bandas
+} // namespace bands

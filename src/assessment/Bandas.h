@@ -11,27 +11,27 @@
 
 #include <optional>
 
-namespace bandas {
+namespace bands {
 
-enum Banda : int { IN, SF, BE, NT, SB, Count };
+enum Band : int { IN, SF, BE, NT, SB, Count };
 
 // "IN", "SF", "BE", "NT", "SB".
-QString nome(int banda);
-QColor color(int banda);
+QString name(int band);
+QColor colour(int band);
 
 // The colour of a row for a stored mark on the task type's maximum: the
 // band's colour, the button face for a mark below 0, and none for 0 or above
 // the scale (the cell is left as it is). A maximum of 0 is a division by
 // zero, raised as the run-time error.
-std::optional<QColor> colorDeNota(float nota, qint16 maximo);
+std::optional<QColor> markColour(float mark, qint16 maximum);
 
 // The statement that counts the marks of a task in a band.
-QString sqlConteo(int banda, qint32 idTarea);
+QString countStatement(int band, qint32 taskId);
 
 // The condition that counts a mark in SF, BE, NT or SB, "BETWEEN 4.999 AND
 // 5.99" for SF: the same wherever marks are counted, a hundredth falling
 // between bands. IN has none of its own here: each count states where it
 // begins (above 0 on a task, at 0 on evaluation and final marks).
-QString entre(int banda);
+QString between(int band);
 
-} // namespace bandas
+} // namespace bands

@@ -4,8 +4,9 @@
 #include "core/Modulo.h"
 #include "reports/viewers/frmInformeListado.h"
 #include "ui/Charts.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "vb/Vb.h"
 
 #include <QBarCategoryAxis>
@@ -29,7 +30,7 @@ namespace {
 
 enum Col : int { ColNumero, ColIdMat, ColMateria };
 constexpr int ColPrimeiraBanda = 3; // IN, then SF, BE, NT and SB
-constexpr int ColCount = ColPrimeiraBanda + int(bandas::Count);
+constexpr int ColCount = ColPrimeiraBanda + int(bands::Count);
 
 const QString kFinais = QStringLiteral("Finais");
 const QString kAvaliacion = QStringLiteral("Avaliación");
@@ -41,14 +42,21 @@ const QString kExtraordinaria = QStringLiteral("Extraordinaria");
 // between IN and SF. The other bands count as on every screen.
 QString condicion(int banda)
 {
-    return banda == bandas::IN ? QStringLiteral("BETWEEN 0.000 AND 4.99") : bandas::entre(banda);
+    return banda == bands::IN ? QStringLiteral("BETWEEN 0.000 AND 4.99") : bands::between(banda);
 }
 
-QLabel* label(QWidget* form, const QString& text, QWidget* buddy)
+// The row number, the subject's key (hidden), the subject on half of the
+// grid's width and each band's count centred on 6 per cent of it.
+const ui::GridColumns& columnas()
 {
-    auto* l = new QLabel(text, form);
-    l->setBuddy(buddy);
-    return l;
+    static const ui::GridColumns columnas = [] {
+        QList<ui::GridColumn> c{
+            {QString(), 500}, {QString(), 0, {}, {}, 0, true}, {QStringLiteral("Materia"), -1, {}, {}, 50}};
+        for (int b = 0; b < bands::Count; ++b)
+            c.append({bands::name(b), -1, Qt::AlignCenter, {}, 6});
+        return ui::GridColumns(c);
+    }();
+    return columnas;
 }
 
 } // namespace
@@ -77,13 +85,13 @@ frmEstatisticas::frmEstatisticas(QWidget* parent)
     mshDatos->setMinimumSize(560, 360);
 
     auto* filtros = new QHBoxLayout;
-    filtros->addWidget(label(this, QStringLiteral("Grupo"), cmbGrupo));
+    filtros->addWidget(ui::label(this, QStringLiteral("Grupo"), cmbGrupo));
     filtros->addWidget(cmbGrupo);
     filtros->addSpacing(8);
-    filtros->addWidget(label(this, QStringLiteral("Notas"), cmbNotas));
+    filtros->addWidget(ui::label(this, QStringLiteral("Notas"), cmbNotas));
     filtros->addWidget(cmbNotas);
     filtros->addSpacing(8);
-    filtros->addWidget(label(this, QStringLiteral("Avaliación"), cmbAvaliacion));
+    filtros->addWidget(ui::label(this, QStringLiteral("Avaliación"), cmbAvaliacion));
     filtros->addWidget(cmbAvaliacion);
     filtros->addSpacing(8);
     filtros->addWidget(cmdCalcular);
@@ -115,7 +123,7 @@ void frmEstatisticas::Form_Activate()
     if (loaded_)
         return;
     loaded_ = true;
-    ConfiguraGrid();
+    columnas().shape(*mshDatos, 1);
     rsGrupos_.Open(QStringLiteral("SELECT tblGrupos.Id, [tblCursos]![Des] & ' ' & [tblNiveles]![Des] & ' - ' & "
                                   "[tblGrupos]![Des] AS Grupo FROM (tblGrupos INNER JOIN tblCursos ON "
                                   "tblGrupos.IdCurso = tblCursos.Id) INNER JOIN tblNiveles ON tblCursos.IdNivel = "
@@ -123,7 +131,7 @@ void frmEstatisticas::Form_Activate()
                    gConexion);
     cmbGrupo->clear();
     for (; !rsGrupos_.Eof(); rsGrupos_.MoveNext())
-        cmbGrupo->addItem(FichaForm::Texto(rsGrupos_.Value(QStringLiteral("Grupo"))));
+        cmbGrupo->addItem(ui::displayText(rsGrupos_.Value(QStringLiteral("Grupo"))));
     cmbGrupo->setCurrentIndex(cmbGrupo->count() > 0 ? 0 : -1);
     rsEvaluaciones_.Open(QStringLiteral("SELECT Id, Des FROM tblEvaluaciones ORDER BY Id;"), gConexion);
     cmbNotas->setCurrentIndex(0);
@@ -138,40 +146,16 @@ void frmEstatisticas::cmbNotas_Click()
     } else if (rsEvaluaciones_.RecordCount() > 0) {
         cmbAvaliacion->clear();
         for (rsEvaluaciones_.MoveFirst(); !rsEvaluaciones_.Eof(); rsEvaluaciones_.MoveNext())
-            cmbAvaliacion->addItem(FichaForm::Texto(rsEvaluaciones_.Value(QStringLiteral("Des"))));
+            cmbAvaliacion->addItem(ui::displayText(rsEvaluaciones_.Value(QStringLiteral("Des"))));
     }
     // With no evaluations the list stays as it was.
     if (cmbAvaliacion->count() > 0)
         cmbAvaliacion->setCurrentIndex(0);
 }
 
-void frmEstatisticas::ConfiguraGrid()
-{
-    FlexGrid& g = *mshDatos;
-    g.setCols(ColCount);
-    g.setFixedCols(1);
-    g.setFixedRows(1);
-    g.setTextMatrix(0, ColMateria, QStringLiteral("Materia"));
-    for (int b = 0; b < bandas::Count; ++b) {
-        g.setTextMatrix(0, ColPrimeiraBanda + b, bandas::nome(b));
-        g.setColAlignment(ColPrimeiraBanda + b, Qt::AlignCenter);
-        g.setFixedAlignment(ColPrimeiraBanda + b, Qt::AlignCenter);
-    }
-    AnchoColumnas();
-}
-
 void frmEstatisticas::AnchoColumnas()
 {
-    // The subject takes half of the grid, each band 6 per cent.
-    FlexGrid& g = *mshDatos;
-    const int ancho = g.pixelsToTwips(g.width());
-    g.setColWidth(ColNumero, 500);
-    g.setColWidth(ColIdMat, 0);
-    if (g.Cols() < ColCount)
-        return;
-    g.setColWidth(ColMateria, ancho / 2);
-    for (int c = ColPrimeiraBanda; c < ColCount; ++c)
-        g.setColWidth(c, ancho * 6 / 100);
+    columnas().applyWidths(*mshDatos);
 }
 
 bool frmEstatisticas::eventFilter(QObject* watched, QEvent* event)
@@ -254,25 +238,24 @@ void frmEstatisticas::cmdCalcular_Click()
         // Empty: no titles and no rows of an earlier table.
         g.setRows(g.FixedRows() + 1);
     } else {
-        g.setRows(materias + 1);
-        ConfiguraGrid();
+        columnas().shape(g, materias);
         int r = 1;
         for (rsMaterias_.MoveFirst(); !rsMaterias_.Eof(); rsMaterias_.MoveNext(), ++r) {
             g.setTextMatrix(r, ColNumero, QString::number(r));
             g.setTextMatrix(r, ColIdMat, vb::CStr(rsMaterias_.Value(QStringLiteral("IdMat"))));
-            g.setTextMatrix(r, ColMateria, FichaForm::Texto(rsMaterias_.Value(QStringLiteral("Des"))));
+            g.setTextMatrix(r, ColMateria, ui::displayText(rsMaterias_.Value(QStringLiteral("Des"))));
         }
         for (r = 1; r < g.Rows(); ++r) {
             const qint32 materia = CLng(g.TextMatrix(r, ColIdMat));
-            for (int b = 0; b < bandas::Count; ++b) {
+            for (int b = 0; b < bands::Count; ++b) {
                 db::Recordset conteo;
                 conteo.Open(sqlConteo(notas, avaliacion, b, idGrupo_, idEval_, materia), gConexion);
                 g.setTextMatrix(r, ColPrimeiraBanda + b, QString::number(conteo.RecordCount()));
             }
         }
-        ui::stripeRows(g, 1);
     }
-    g.setRedraw(true);
+    // The blank row of an empty table is not striped.
+    ui::finishGrid(g, {.stripesFrom = materias == 0 ? -1 : 1, .firstCell = false});
     DebuxarGrafico();
 }
 
@@ -299,10 +282,10 @@ void frmEstatisticas::DebuxarGrafico()
                     cmbAvaliacion->currentText());
     auto* series = new QHorizontalStackedBarSeries;
     QList<int> totais(filas.size(), 0);
-    for (int b = 0; b < bandas::Count; ++b) {
-        auto* set = new QBarSet(bandas::nome(b));
-        set->setColor(bandas::color(b));
-        set->setBorderColor(bandas::color(b).darker(130));
+    for (int b = 0; b < bands::Count; ++b) {
+        auto* set = new QBarSet(bands::name(b));
+        set->setColor(bands::colour(b));
+        set->setBorderColor(bands::colour(b).darker(130));
         for (int i = 0; i < filas.size(); ++i) {
             const int n = g.TextMatrix(filas[i], ColPrimeiraBanda + b).toInt();
             set->append(n);
@@ -354,9 +337,8 @@ void frmEstatisticas::cmdInforme_Click()
                                          QStringLiteral("\r\n") + materia + avaliacion
                                    : QStringLiteral("NOTAS DE ") + materia + avaliacion);
     auto conta = [&](int banda) { return g.TextMatrix(r, ColPrimeiraBanda + banda); };
-    informe.setInfo(
-        QStringLiteral("IN: %1 | SF: %2 | BE: %3 | NT: %4 | SB: %5")
-            .arg(conta(bandas::IN), conta(bandas::SF), conta(bandas::BE), conta(bandas::NT), conta(bandas::SB)));
+    informe.setInfo(QStringLiteral("IN: %1 | SF: %2 | BE: %3 | NT: %4 | SB: %5")
+                        .arg(conta(bands::IN), conta(bands::SF), conta(bands::BE), conta(bands::NT), conta(bands::SB)));
     informe.setFiltro(filtro);
     ShowModal(&informe);
 }

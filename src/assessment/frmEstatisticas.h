@@ -59,7 +59,6 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void ConfiguraGrid();
     void AnchoColumnas();
     void DebuxarGrafico();
 

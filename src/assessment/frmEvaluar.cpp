@@ -6,8 +6,9 @@
 #include "marks/frmEvaluarNota.h"
 #include "reports/viewers/frmInforme.h"
 #include "students/frmAlumnosFicha.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "ui/UiFunciones.h"
 #include "vb/Vb.h"
@@ -62,12 +63,12 @@ frmEvaluar::frmEvaluar(QWidget* parent)
     mshEstatistica->setFixedRows(1);
     mshEstatistica->setFixedCols(0);
     for (int c = 0; c < 6; ++c) {
-        mshEstatistica->setColWidth(c, c < bandas::Count ? 1500 : 1300);
+        mshEstatistica->setColWidth(c, c < bands::Count ? 1500 : 1300);
         mshEstatistica->setColAlignment(c, Qt::AlignCenter);
         mshEstatistica->setFixedAlignment(c, Qt::AlignCenter);
-        mshEstatistica->setTextMatrix(0, c, c < bandas::Count ? bandas::nome(c) : QStringLiteral("Correción"));
-        if (c < bandas::Count)
-            mshEstatistica->setCellBackColor(0, c, bandas::color(c));
+        mshEstatistica->setTextMatrix(0, c, c < bands::Count ? bands::name(c) : QStringLiteral("Correción"));
+        if (c < bands::Count)
+            mshEstatistica->setCellBackColor(0, c, bands::colour(c));
     }
     mshEstatistica->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     mshEstatistica->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -151,22 +152,15 @@ void frmEvaluar::ConstruirGrid()
         g.setRedraw(true);
         return;
     }
-    g.setCols(7);
-    g.setRows(alumnos + 1);
-    g.setFixedRows(1);
-    g.setFixedCols(1);
-    const QList<int> anchos{500, 800, 4500, 1200, 5000, 0, 0};
-    const QStringList titulos{QString(),
-                              QStringLiteral("Código"),
-                              QStringLiteral("Alumno"),
-                              QStringLiteral("NOTA"),
-                              QStringLiteral("Observaciones"),
-                              QString(),
-                              QString()};
-    for (int c = 0; c < anchos.size(); ++c) {
-        g.setColWidth(c, anchos[c]);
-        g.setTextMatrix(0, c, titulos[c]);
-    }
+    // The last two columns, hidden, keep the mark's key and a random key.
+    static const ui::GridColumns columnas{{QString(), 500},
+                                          {QStringLiteral("Código"), 800},
+                                          {QStringLiteral("Alumno"), 4500},
+                                          {QStringLiteral("NOTA"), 1200},
+                                          {QStringLiteral("Observaciones"), 5000},
+                                          {QString(), 0},
+                                          {QString(), 0}};
+    columnas.shape(g, alumnos);
     int r = 1;
     for (rsAlumnos_.MoveFirst(); !rsAlumnos_.Eof(); rsAlumnos_.MoveNext(), ++r) {
         g.setTextMatrix(r, ColNumero, QString::number(r));
@@ -176,8 +170,7 @@ void frmEvaluar::ConstruirGrid()
     }
     RellenarNotas();
     // Stripes from column 1, so that column 0 keeps its band colour.
-    ui::stripeRows(g, 1);
-    g.setRedraw(true);
+    ui::finishGrid(g, {.firstCell = false});
 }
 
 void frmEvaluar::RellenarNotas()
@@ -194,12 +187,12 @@ void frmEvaluar::RellenarNotas()
         if (rsNotas_.Eof())
             continue;
         const QVariant nota = rsNotas_.Value(QStringLiteral("Nota"));
-        g.setTextMatrix(r, ColNota, FichaForm::Texto(nota));
+        g.setTextMatrix(r, ColNota, ui::displayText(nota));
         // A mark not given yet (Null) compares as nothing: no colour.
         if (!vb::IsNull(nota))
-            if (const auto color = bandas::colorDeNota(vb::CSng(nota), valorMaximo_))
+            if (const auto color = bands::markColour(vb::CSng(nota), valorMaximo_))
                 g.setCellBackColor(r, ColNumero, *color);
-        g.setTextMatrix(r, ColObs, FichaForm::Texto(rsNotas_.Value(QStringLiteral("Obs"))));
+        g.setTextMatrix(r, ColObs, ui::displayText(rsNotas_.Value(QStringLiteral("Obs"))));
         g.setTextMatrix(r, ColIdNota, vb::CStr(rsNotas_.Value(QStringLiteral("Id"))));
         ++notasEncontradas_;
     }
@@ -209,11 +202,11 @@ void frmEvaluar::RellenarEstatistica()
 {
     FlexGrid& e = *mshEstatistica;
     const int alumnos = rsAlumnos_.RecordCount();
-    for (int b = 0; b < bandas::Count; ++b) {
+    for (int b = 0; b < bands::Count; ++b) {
         QString celda = QStringLiteral("-");
         if (alumnos > 0) {
             db::Recordset rs;
-            rs.Open(bandas::sqlConteo(b, idTarea_), gConexion);
+            rs.Open(bands::countStatement(b, idTarea_), gConexion);
             const int cuenta = rs.RecordCount();
             if (cuenta > 0) {
                 // The marks found for the group divide; none found is a
@@ -309,11 +302,11 @@ void frmEvaluar::cmdInformes_Click()
     informe.setTitulo(lblCabecera->text());
     informe.setFiltro(QStringLiteral("{tblNotas.IdTarea} = %1").arg(idTarea_));
     const FlexGrid& e = *mshEstatistica;
-    informe.setNotaIN(e.TextMatrix(1, bandas::IN));
-    informe.setNotaSF(e.TextMatrix(1, bandas::SF));
-    informe.setNotaBE(e.TextMatrix(1, bandas::BE));
-    informe.setNotaNT(e.TextMatrix(1, bandas::NT));
-    informe.setNotaSB(e.TextMatrix(1, bandas::SB));
+    informe.setNotaIN(e.TextMatrix(1, bands::IN));
+    informe.setNotaSF(e.TextMatrix(1, bands::SF));
+    informe.setNotaBE(e.TextMatrix(1, bands::BE));
+    informe.setNotaNT(e.TextMatrix(1, bands::NT));
+    informe.setNotaSB(e.TextMatrix(1, bands::SB));
     ShowModal(&informe);
 }
 

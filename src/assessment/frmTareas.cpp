@@ -4,8 +4,8 @@
 #include "assessment/frmTareasFicha.h"
 #include "core/Modulo.h"
 #include "rubrics/frmTareasRubrica.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
@@ -93,15 +93,8 @@ void fillFilter(QComboBox* box, const QString& primera, db::Recordset& rs, const
     box->clear();
     box->addItem(primera);
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext())
-        box->addItem(FichaForm::Texto(rs.Value(texto)));
+        box->addItem(ui::displayText(rs.Value(texto)));
     box->setCurrentIndex(0);
-}
-
-QLabel* label(QWidget* form, const QString& text, QWidget* buddy)
-{
-    auto* l = new QLabel(text, form);
-    l->setBuddy(buddy);
-    return l;
 }
 
 } // namespace
@@ -134,13 +127,13 @@ frmTareas::frmTareas(QWidget* parent)
     setFicha<frmTareasFicha>();
 
     auto* filtros = new QHBoxLayout;
-    filtros->addWidget(label(this, QStringLiteral("Grupo"), cmbGrupo));
+    filtros->addWidget(ui::label(this, QStringLiteral("Grupo"), cmbGrupo));
     filtros->addWidget(cmbGrupo);
     filtros->addSpacing(8);
-    filtros->addWidget(label(this, QStringLiteral("Materia"), cmbMateria));
+    filtros->addWidget(ui::label(this, QStringLiteral("Materia"), cmbMateria));
     filtros->addWidget(cmbMateria);
     filtros->addSpacing(8);
-    filtros->addWidget(label(this, QStringLiteral("Filtro"), txtFiltro));
+    filtros->addWidget(ui::label(this, QStringLiteral("Filtro"), txtFiltro));
     filtros->addWidget(txtFiltro, 1);
     filtros->addWidget(chpPendientes);
     filtros->addWidget(cmdFiltrar);
@@ -226,10 +219,10 @@ void frmTareas::Rellenar()
 
 QString frmTareas::Cabecera() const
 {
-    return QStringLiteral(" ") + FichaForm::Texto(rs.Value(QStringLiteral("TipoTarea"))) +
-           QStringLiteral(" | Evaluación: ") + FichaForm::Texto(rs.Value(QStringLiteral("Evaluacion"))) +
-           QStringLiteral(" | Materia: ") + FichaForm::Texto(rs.Value(QStringLiteral("Materia"))) +
-           QStringLiteral(" | Grupo: ") + FichaForm::Texto(rs.Value(QStringLiteral("Grupo")));
+    return QStringLiteral(" ") + ui::displayText(rs.Value(QStringLiteral("TipoTarea"))) +
+           QStringLiteral(" | Evaluación: ") + ui::displayText(rs.Value(QStringLiteral("Evaluacion"))) +
+           QStringLiteral(" | Materia: ") + ui::displayText(rs.Value(QStringLiteral("Materia"))) +
+           QStringLiteral(" | Grupo: ") + ui::displayText(rs.Value(QStringLiteral("Grupo")));
 }
 
 void frmTareas::cmdEvaluacion_Click()
@@ -250,7 +243,7 @@ void frmTareas::cmdRubrica_Click()
         frmTareasRubrica rubrica(this);
         rubrica.setIdTarea(id);
         // The templates find the type of the task by this text in any year.
-        rubrica.setTipoTarea(FichaForm::Texto(rs.Value(QStringLiteral("TipoTarea"))));
+        rubrica.setTipoTarea(ui::displayText(rs.Value(QStringLiteral("TipoTarea"))));
         rubrica.lblCabecera->setText(Cabecera());
         ShowModal(&rubrica);
     });

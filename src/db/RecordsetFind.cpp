@@ -3,6 +3,7 @@
 #include "db/RecordsetInternal.h"
 #include "db/SqlFunctions.h"
 #include "vb/RuntimeError.h"
+#include "vb/Values.h"
 #include "vb/Vb.h"
 
 #include <QDate>
@@ -82,7 +83,7 @@ bool matches(const QVariant& value, const Criterion& c)
     if (c.op == QLatin1String("LIKE")) {
         QString pattern = c.literal.toString();
         pattern.replace(u'*', u'%').replace(u'?', u'_');
-        return jetLike(pattern, isNumber(value) ? vb::CStr(value) : value.toString());
+        return jetLike(pattern, vb::holdsNumber(value, true) ? vb::CStr(value) : value.toString());
     }
     const int r = compareValues(value, c.literal);
     if (c.op == QLatin1String("="))
@@ -104,7 +105,7 @@ namespace detail {
 
 int compareValues(const QVariant& a, const QVariant& b)
 {
-    if (isNumber(a) && isNumber(b)) {
+    if (vb::holdsNumber(a, true) && vb::holdsNumber(b, true)) {
         const double x = a.toDouble(), y = b.toDouble();
         return x < y ? -1 : x > y ? 1 : 0;
     }
@@ -114,7 +115,8 @@ int compareValues(const QVariant& a, const QVariant& b)
         const QDateTime x = a.toDateTime(), y = b.toDateTime();
         return x < y ? -1 : x > y ? 1 : 0;
     }
-    return compareSpanish(isNumber(a) ? vb::CStr(a) : a.toString(), isNumber(b) ? vb::CStr(b) : b.toString());
+    return compareSpanish(vb::holdsNumber(a, true) ? vb::CStr(a) : a.toString(),
+                          vb::holdsNumber(b, true) ? vb::CStr(b) : b.toString());
 }
 
 } // namespace detail

@@ -12,7 +12,6 @@ namespace db::detail {
 [[noreturn]] void badArgument(const QString& detail = QString());
 [[noreturn]] void closedRecordset();
 
-bool isNumber(const QVariant& v);
 // Numbers as numbers, dates as dates, anything else as text in the
 // database's order (<0, 0, >0).
 int compareValues(const QVariant& a, const QVariant& b);

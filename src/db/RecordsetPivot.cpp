@@ -3,6 +3,7 @@
 #include "db/RecordsetInternal.h"
 #include "db/SqlFunctions.h"
 #include "vb/RuntimeError.h"
+#include "vb/Values.h"
 #include "vb/Vb.h"
 
 #include <QSet>
@@ -24,7 +25,7 @@ QString pivotHeading(const QVariant& v)
 {
     if (v.isNull())
         return QStringLiteral("<>");
-    return isNumber(v) ? vb::CStr(v) : v.toString();
+    return vb::holdsNumber(v, true) ? vb::CStr(v) : v.toString();
 }
 
 // Headings, and the row headings of a row, that differ only in case are one,

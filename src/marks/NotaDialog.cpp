@@ -1,7 +1,7 @@
 #include "marks/NotaDialog.h"
 
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 

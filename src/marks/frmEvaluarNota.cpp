@@ -4,8 +4,8 @@
 #include "core/Modulo.h"
 #include "db/Recordset.h"
 #include "rubrics/frmEvaluarNotaRubrica.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 

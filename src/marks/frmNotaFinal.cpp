@@ -3,8 +3,8 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "vb/Vb.h"
 
 #include <QLineEdit>
@@ -50,7 +50,7 @@ void frmNotaFinal::Form_Activate()
     rs.Open(QStringLiteral("SELECT Obs FROM ") +
                 (esEval(tipo_) ? QStringLiteral("tblNotasEval") : QStringLiteral("tblNotasFinal")) + onde(),
             gConexion);
-    txtObs->setText(rs.Eof() ? QString() : FichaForm::Texto(rs.Value(QStringLiteral("Obs"))));
+    txtObs->setText(rs.Eof() ? QString() : ui::displayText(rs.Value(QStringLiteral("Obs"))));
 }
 
 QString frmNotaFinal::sqlGuardar() const

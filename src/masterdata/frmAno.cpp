@@ -1,7 +1,7 @@
 #include "masterdata/frmAno.h"
 
 #include "core/Modulo.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
 #include "utilities/Compactar.h"

@@ -3,8 +3,9 @@
 #include "core/Modulo.h"
 #include "masterdata/frmTareasTiposFicha.h"
 #include "masterdata/frmTareasTiposValores.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
 #include "ui/UiFunciones.h"
@@ -31,48 +32,39 @@ void writeCells(FlexGrid& grid, db::Recordset& rs, const QStringList& fields)
     for (rs.MoveFirst(); !rs.Eof(); rs.MoveNext(), ++r)
         for (int c = 0; c < fields.size(); ++c)
             if (!fields[c].isEmpty())
-                grid.setTextMatrix(r, c, FichaForm::Texto(rs.Value(fields[c])));
+                grid.setTextMatrix(r, c, ui::displayText(rs.Value(fields[c])));
 }
 
 // Shapes the grid for the rows of rs under a title row; no rows, no grid.
-bool darForma(FlexGrid& grid, db::Recordset& rs, int cols, int fixedCols, const QList<int>& widths)
+bool darForma(FlexGrid& grid, db::Recordset& rs, const ui::GridColumns& columns)
 {
-    grid.Clear();
     if (rs.RecordCount() == 0) {
+        grid.Clear();
         grid.setRows(0);
         return false;
     }
-    grid.setRows(rs.RecordCount() + 1);
-    grid.setCols(cols);
-    grid.setFixedRows(1);
-    grid.setFixedCols(fixedCols);
-    for (int c = 0; c < widths.size(); ++c)
-        grid.setColWidth(c, widths[c]);
+    columns.shape(grid, rs.RecordCount());
     return true;
 }
 
-QComboBox* combo(QWidget* form, const char* name)
-{
-    auto* box = new QComboBox(form);
-    box->setObjectName(QLatin1String(name));
-    box->setMinimumContentsLength(18);
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    return box;
-}
+const ui::GridColumns kTipos{{QString(), 300},
+                             {QStringLiteral("Código"), 800},
+                             {QStringLiteral("Descripción"), 2600},
+                             {QStringLiteral("Min."), 700},
+                             {QStringLiteral("Máx."), 700},
+                             {QStringLiteral("Observacións"), 3400}};
 
-QLabel* label(QWidget* form, const char* name, const QString& text, QWidget* buddy)
-{
-    auto* l = new QLabel(text, form);
-    l->setObjectName(QLatin1String(name));
-    l->setBuddy(buddy);
-    return l;
-}
+// The key stays hidden in a second fixed column.
+const ui::GridColumns kValores{{QString(), 500},
+                               {QString(), 0},
+                               {QStringLiteral("Avaliación"), 2000, Qt::AlignLeft | Qt::AlignVCenter},
+                               {QStringLiteral("Valor"), 800, Qt::AlignCenter}};
 
 } // namespace
 
 frmTareasTipos::frmTareasTipos(QWidget* parent)
-    : Form(parent), mshDatos(new FlexGrid(this)), mshValor(new FlexGrid(this)), cmbMateria(combo(this, "cmbMateria")),
-      cmbGrupo(combo(this, "cmbGrupo")),
+    : Form(parent), mshDatos(new FlexGrid(this)), mshValor(new FlexGrid(this)),
+      cmbMateria(ui::comboBox(this, "cmbMateria", 18)), cmbGrupo(ui::comboBox(this, "cmbGrupo", 18)),
       cmdFiltrarValor(ui::commandButton(this, "cmdFiltrarValor", QStringLiteral("&Filtrar"))),
       cmdNovo(ui::commandButton(this, "cmdNovo", QStringLiteral("&Nuevo"))),
       cmdEditar(ui::commandButton(this, "cmdEditar", QStringLiteral("&Editar"))),
@@ -86,8 +78,8 @@ frmTareasTipos::frmTareasTipos(QWidget* parent)
     setCaption(QStringLiteral("Tipos de Tareas"));
     mshDatos->setObjectName(QStringLiteral("mshDatos"));
     mshValor->setObjectName(QStringLiteral("mshValor"));
-    lblMateria = label(this, "lblMateria", QStringLiteral("Materia"), cmbMateria);
-    lblGrupo = label(this, "lblGrupo", QStringLiteral("Grupo"), cmbGrupo);
+    lblMateria = ui::label(this, QStringLiteral("Materia"), cmbMateria, "lblMateria");
+    lblGrupo = ui::label(this, QStringLiteral("Grupo"), cmbGrupo, "lblGrupo");
     for (QPushButton* b : {cmdNovoValor, cmdEditarValor, cmdBorrarValor})
         b->setMinimumWidth(0);
 
@@ -153,19 +145,11 @@ void frmTareasTipos::RellenarTipos()
         rsTipos_.Open(sqlTipos_, gConexion);
         FlexGrid& g = *mshDatos;
         g.setRedraw(false);
-        if (darForma(g, rsTipos_, 6, 1, {300, 800, 2600, 700, 700, 3400})) {
-            const QStringList titles{QString(),
-                                     QStringLiteral("Código"),
-                                     QStringLiteral("Descripción"),
-                                     QStringLiteral("Min."),
-                                     QStringLiteral("Máx."),
-                                     QStringLiteral("Observacións")};
-            for (int c = 1; c < titles.size(); ++c)
-                g.setTextMatrix(0, c, titles[c]);
+        if (darForma(g, rsTipos_, kTipos)) {
             writeCells(g, rsTipos_,
                        {QString(), QStringLiteral("Id"), QStringLiteral("Des"), QStringLiteral("Min"),
                         QStringLiteral("Max"), QStringLiteral("Obs")});
-            ui::stripeRows(g, 1);
+            ui::finishGrid(g, {.firstCell = false});
             AjustarColumnas();
             g.setRow(std::clamp(fila, 1, g.Rows() - 1));
             g.setCol(1);
@@ -199,15 +183,9 @@ void frmTareasTipos::RellenarValores()
             QStringLiteral(")") + QStringLiteral(" ORDER BY tblTareasTiposValor.IdEval;");
         rsValor_.Open(sqlValor_, gConexion);
         FlexGrid& g = *mshValor;
-        if (darForma(g, rsValor_, 4, 2, {500, 0, 2000, 800})) {
-            g.setTextMatrix(0, 2, QStringLiteral("Avaliación"));
-            g.setTextMatrix(0, 3, QStringLiteral("Valor"));
-            g.setColAlignment(2, Qt::AlignLeft | Qt::AlignVCenter);
-            g.setFixedAlignment(2, Qt::AlignLeft | Qt::AlignVCenter);
-            g.setColAlignment(3, Qt::AlignCenter);
-            g.setFixedAlignment(3, Qt::AlignCenter);
+        if (darForma(g, rsValor_, kValores)) {
             writeCells(g, rsValor_, {QStringLiteral("Id"), QString(), QStringLiteral("Aval"), QStringLiteral("Valor")});
-            ui::stripeRows(g, 2);
+            ui::finishGrid(g, {.fixedCols = 2, .stripesFrom = 2, .firstCell = false});
             AjustarColumnas();
             g.setRow(1);
             g.setCol(2);

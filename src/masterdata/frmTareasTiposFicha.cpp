@@ -5,23 +5,10 @@
 
 #include <QLineEdit>
 
-namespace {
-
-QLineEdit* numberField(QWidget* form, const char* name)
-{
-    auto* field = new QLineEdit(form);
-    field->setObjectName(QLatin1String(name));
-    field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("00000000")) + 12);
-    return field;
-}
-
-} // namespace
-
 frmTareasTiposFicha::frmTareasTiposFicha(QWidget* parent)
-    : FichaForm(QStringLiteral("tblTareasTipos"), parent), txtMin(numberField(this, "txtMin")),
-      txtMax(numberField(this, "txtMax")), txtObs(new QLineEdit(this))
+    : FichaForm(QStringLiteral("tblTareasTipos"), parent), txtMin(ui::textField(this, "txtMin", 8)),
+      txtMax(ui::textField(this, "txtMax", 8)), txtObs(ui::textField(this, "txtObs"))
 {
-    txtObs->setObjectName(QStringLiteral("txtObs"));
     addField(QStringLiteral("Valor MÍNIMO en notas"), txtMin);
     addField(QStringLiteral("Valor MÁXIMO en notas"), txtMax);
     addText(QStringLiteral("Observaciones"), txtObs, QStringLiteral("Obs"));

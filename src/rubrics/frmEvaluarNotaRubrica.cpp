@@ -3,10 +3,10 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
-#include "rubrics/RubricaGrid.h"
 #include "rubrics/frmEvaluarNotaRubricaValor.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "ui/RuntimeErrorBox.h"
 #include "ui/UiFunciones.h"
@@ -26,19 +26,26 @@ namespace {
 
 const QString kMarca = QStringLiteral("X");
 
-QLabel* etiqueta(QWidget* form, const char* name, const QString& text = QString())
-{
-    auto* l = new QLabel(text, form);
-    l->setObjectName(QLatin1String(name));
-    return l;
-}
+// Text to the left, numbers to the right, the scale and the mark centred.
+const ui::GridColumns kColumnas = ui::GridColumns{
+    {QString(), 0},
+    {QString(), 400},
+    {QStringLiteral("Nº"), 500},
+    {QStringLiteral("Descripción"), 3600},
+    {QStringLiteral("Criterio"), 4200},
+    {QStringLiteral("% Valor"), 900},
+    {QStringLiteral("Max. Valor"), 1000, Qt::AlignCenter},
+    {QStringLiteral("Valor"), 700, Qt::AlignCenter},
+    {QStringLiteral("Ptos"), 800, Qt::AlignCenter},
+    {QStringLiteral("Marcar"), 800,
+     Qt::AlignCenter}}.fitTitles();
 
 } // namespace
 
 frmEvaluarNotaRubrica::frmEvaluarNotaRubrica(QWidget* parent)
-    : Form(parent), lblTarea(etiqueta(this, "lblTarea")), lblAlumno(etiqueta(this, "lblAlumno")),
-      mshDatos(new FlexGrid(this)), lblNota(etiqueta(this, "lblNota", QStringLiteral("0"))),
-      lblNotaParcial(etiqueta(this, "lblNotaParcial")),
+    : Form(parent), lblTarea(ui::textLabel(this, "lblTarea")), lblAlumno(ui::textLabel(this, "lblAlumno")),
+      mshDatos(new FlexGrid(this)), lblNota(ui::textLabel(this, "lblNota", QStringLiteral("0"))),
+      lblNotaParcial(ui::textLabel(this, "lblNotaParcial")),
       cmdSalir(ui::commandButton(this, "cmdSalir", QStringLiteral("&Salir")))
 {
     setObjectName(QStringLiteral("frmEvaluarNotaRubrica"));
@@ -103,17 +110,10 @@ void frmEvaluarNotaRubrica::Cargar()
             gConexion);
     FlexGrid& g = *mshDatos;
     // No activities: an empty grid, and lblNota keeps its first text.
-    rubricas::formarGrid(g, rs.RecordCount(), {0, 400, 500, 3600, 4200, 900, 1000, 700, 800, 800},
-                         {QString(), QString(), QStringLiteral("Nº"), QStringLiteral("Descripción"),
-                          QStringLiteral("Criterio"), QStringLiteral("% Valor"), QStringLiteral("Max. Valor"),
-                          QStringLiteral("Valor"), QStringLiteral("Ptos"), QStringLiteral("Marcar")},
-                         false);
-    for (int c : {ColMax, ColValor, ColPtos, ColMarcar}) {
-        g.setColAlignment(c, Qt::AlignCenter);
-        g.setFixedAlignment(c, Qt::AlignCenter);
-    }
+    g.setRedraw(false);
+    kColumnas.shape(g, rs.RecordCount());
     if (rs.RecordCount() == 0) {
-        rubricas::rematarGrid(g);
+        ui::finishGrid(g);
         return;
     }
     int r = 1;
@@ -130,16 +130,16 @@ void frmEvaluarNotaRubrica::Cargar()
         const QVariant max = rs.Value(QStringLiteral("Max"));
         g.setTextMatrix(r, ColId, vb::CStr(id));
         g.setTextMatrix(r, ColNumero, QString::number(r));
-        g.setTextMatrix(r, ColNum, FichaForm::Texto(rs.Value(QStringLiteral("Num"))));
-        g.setTextMatrix(r, ColDes, FichaForm::Texto(rs.Value(QStringLiteral("Des"))));
-        g.setTextMatrix(r, ColCri, FichaForm::Texto(rs.Value(QStringLiteral("Cri"))));
-        g.setTextMatrix(r, ColPor, FichaForm::Texto(por));
-        g.setTextMatrix(r, ColMax, FichaForm::Texto(max));
+        g.setTextMatrix(r, ColNum, ui::displayText(rs.Value(QStringLiteral("Num"))));
+        g.setTextMatrix(r, ColDes, ui::displayText(rs.Value(QStringLiteral("Des"))));
+        g.setTextMatrix(r, ColCri, ui::displayText(rs.Value(QStringLiteral("Cri"))));
+        g.setTextMatrix(r, ColPor, ui::displayText(por));
+        g.setTextMatrix(r, ColMax, ui::displayText(max));
         g.setTextMatrix(r, ColValor, vb::CStr(v));
         const float ptos = NotaPonderada(vb::CSng(por), vb::CByte(max), vb::CByte(v), notaMaxTarea_);
         g.setTextMatrix(r, ColPtos, vb::CStr(QVariant::fromValue(ptos)));
     }
-    rubricas::rematarGrid(g);
+    ui::finishGrid(g);
     MostrarTotal();
 }
 
@@ -186,6 +186,7 @@ void frmEvaluarNotaRubrica::AbrirValor()
         return;
     Tag = QStringLiteral("A");
     frmEvaluarNotaRubricaValor valor(this);
+    valor.setIdNota(idNota_);
     valor.setIdActi(vb::CLng(mshDatos->TextMatrix(r, ColId)));
     valor.setNum(mshDatos->TextMatrix(r, ColNum));
     valor.setDes(mshDatos->TextMatrix(r, ColDes));
@@ -195,6 +196,15 @@ void frmEvaluarNotaRubrica::AbrirValor()
     valor.setMax(IsNumeric(max) ? vb::CByte(max) : 0);
     valor.setValor(IsNumeric(v) ? vb::CByte(v) : 0);
     ShowModal(&valor);
+    const std::optional<int> aceptado = valor.Aceptado();
+    if (!aceptado)
+        return;
+    // The row takes the value stored, its points from its own weight and Max.
+    mshDatos->setTextMatrix(r, ColValor, QString::number(*aceptado));
+    const float ptos = NotaPonderada(vb::CSng(mshDatos->TextMatrix(r, ColPor)),
+                                     vb::CByte(mshDatos->TextMatrix(r, ColMax)), quint8(*aceptado), notaMaxTarea_);
+    mshDatos->setTextMatrix(r, ColPtos, vb::CStr(QVariant::fromValue(ptos)));
+    MostrarTotal();
 }
 
 bool frmEvaluarNotaRubrica::eventFilter(QObject* watched, QEvent* event)

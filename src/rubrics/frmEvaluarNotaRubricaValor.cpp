@@ -3,9 +3,7 @@
 #include "core/Funciones.h"
 #include "core/Modulo.h"
 #include "db/Recordset.h"
-#include "rubrics/frmEvaluarNotaRubrica.h"
-#include "ui/FichaForm.h"
-#include "ui/FlexGrid.h"
+#include "ui/Controls.h"
 #include "ui/RuntimeErrorBox.h"
 #include "vb/Vb.h"
 
@@ -21,17 +19,6 @@
 #include <algorithm>
 
 namespace {
-
-using Col = frmEvaluarNotaRubrica::Col;
-
-QLabel* etiqueta(QWidget* form, const char* name)
-{
-    auto* l = new QLabel(form);
-    l->setObjectName(QLatin1String(name));
-    l->setWordWrap(true);
-    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    return l;
-}
 
 // A slider that moves one step per notch of the mouse wheel, up or right
 // for more, whatever the desktop's lines per notch: a scale of 4 must not
@@ -58,16 +45,21 @@ private:
 
 } // namespace
 
-frmEvaluarNotaRubricaValor::frmEvaluarNotaRubricaValor(frmEvaluarNotaRubrica* rubrica)
-    : Form(rubrica), lblNum(etiqueta(this, "lblNum")), lblDes(etiqueta(this, "lblDes")),
-      lblCri(etiqueta(this, "lblCri")), sldValor(new Deslizador(this)), lblValor(new QLabel(this)),
+frmEvaluarNotaRubricaValor::frmEvaluarNotaRubricaValor(QWidget* parent)
+    : Form(parent), lblNum(ui::textLabel(this, "lblNum")), lblDes(ui::textLabel(this, "lblDes")),
+      lblCri(ui::textLabel(this, "lblCri")), sldValor(new Deslizador(this)), lblValor(new QLabel(this)),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
-      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), rubrica_(rubrica)
+      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar")))
 {
     setObjectName(QStringLiteral("frmEvaluarNotaRubricaValor"));
     setCaption(QStringLiteral("VALORACIÓN"));
     sldValor->setObjectName(QStringLiteral("sldValor"));
     lblValor->setObjectName(QStringLiteral("lblValor"));
+    // The activity's texts wrap and may be selected to copy them.
+    for (QLabel* l : {lblNum, lblDes, lblCri}) {
+        l->setWordWrap(true);
+        l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    }
     QFont bold = lblNum->font();
     bold.setBold(true);
     lblNum->setFont(bold);
@@ -147,7 +139,7 @@ bool frmEvaluarNotaRubricaValor::eventFilter(QObject* watched, QEvent* event)
 
 void frmEvaluarNotaRubricaValor::cmdAceptar_Click()
 {
-    const qint32 idNota = rubrica_->IdNota();
+    const qint32 idNota = idNota_;
     db::Recordset rs;
     rs.Open(
         QStringLiteral("SELECT * FROM tblNotasRubrica WHERE IdNota = %1 AND IdActividad = %2").arg(idNota).arg(idActi_),
@@ -163,14 +155,6 @@ void frmEvaluarNotaRubricaValor::cmdAceptar_Click()
     rs.Fields(QStringLiteral("Valor")) = valor;
     rs.Update();
     rs.Close();
-
-    // The row of the screen beneath, its points from its own weight and Max.
-    FlexGrid& g = *rubrica_->mshDatos;
-    const int r = g.Row();
-    g.setTextMatrix(r, Col::ColValor, QString::number(valor));
-    const float ptos = NotaPonderada(vb::CSng(g.TextMatrix(r, Col::ColPor)), vb::CByte(g.TextMatrix(r, Col::ColMax)),
-                                     quint8(valor), rubrica_->NotaMaxTarea());
-    g.setTextMatrix(r, Col::ColPtos, vb::CStr(QVariant::fromValue(ptos)));
-    rubrica_->MostrarTotal();
+    aceptado_ = valor;
     Unload();
 }

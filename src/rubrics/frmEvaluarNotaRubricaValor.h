@@ -6,12 +6,12 @@
 //
 // Accepting stores the value at once in tblNotasRubrica (a new row keeps
 // the Max given here, and a later change of the activity's Max never
-// reaches it), writes it into the row of the rubric screen beneath, with
-// the row's points, and shows the new total there. The partial total of the
-// marked rows is left as it was until the next mark.
+// reaches it) and hands the value back in Aceptado(); the rubric screen
+// that opened it then writes the value and the points into its own row.
 #include "ui/Form.h"
 
-class frmEvaluarNotaRubrica;
+#include <optional>
+
 class QLabel;
 class QPushButton;
 class QSlider;
@@ -20,14 +20,17 @@ class frmEvaluarNotaRubricaValor : public Form {
     Q_OBJECT
 
 public:
-    explicit frmEvaluarNotaRubricaValor(frmEvaluarNotaRubrica* rubrica);
+    explicit frmEvaluarNotaRubricaValor(QWidget* parent = nullptr);
 
+    void setIdNota(qint32 id) { idNota_ = id; }
     void setIdActi(qint32 id) { idActi_ = id; }
     void setNum(const QString& num) { num_ = num; }
     void setDes(const QString& des) { des_ = des; }
     void setCri(const QString& cri) { cri_ = cri; }
     void setMax(quint8 max) { max_ = max; }
     void setValor(quint8 valor) { valor_ = valor; }
+    // The value stored by cmdAceptar; nothing when the form was cancelled.
+    std::optional<int> Aceptado() const { return aceptado_; }
 
     QLabel* lblNum;
     QLabel* lblDes;
@@ -47,7 +50,7 @@ protected:
 private:
     void MostrarValor();
 
-    frmEvaluarNotaRubrica* rubrica_;
+    qint32 idNota_ = 0;
     qint32 idActi_ = 0;
     QString num_;
     QString des_;
@@ -55,4 +58,5 @@ private:
     quint8 max_ = 0;
     quint8 valor_ = 0;
     bool cargado_ = false;
+    std::optional<int> aceptado_;
 };

@@ -2,9 +2,8 @@
 
 #include "core/Modulo.h"
 #include "db/Recordset.h"
-#include "rubrics/frmTareasRubrica.h"
 #include "ui/Colors.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "vb/Vb.h"
 
 #include <QBarCategoryAxis>
@@ -27,8 +26,8 @@ QChart* grafico(QChartView* view)
 
 } // namespace
 
-frmGraficoRubrica::frmGraficoRubrica(frmTareasRubrica* rubrica)
-    : Form(rubrica), mscGrafico(new QChartView(this)), rubrica_(rubrica)
+frmGraficoRubrica::frmGraficoRubrica(const RubricTask& tarea, QWidget* parent)
+    : Form(parent), mscGrafico(new QChartView(this)), tarea_(tarea)
 {
     setObjectName(QStringLiteral("frmGraficoRubrica"));
     setCaption(QStringLiteral("Grafico de Rúbrica"));
@@ -77,13 +76,13 @@ void frmGraficoRubrica::Rellenar()
                            "tblTareasRubrica.Id, tblTareasRubrica.Num, tblTareasRubrica.Des, tblNotas.IdTarea Having "
                            "tblNotas.IdTarea = %1 ORDER BY "
                            "Avg([tblNotasRubrica]![Valor]/[tblNotasRubrica]![Max]*10) DESC;")
-                .arg(rubrica_->IdTarea()),
+                .arg(tarea_.id),
             gConexion);
     // No values: the chart stays as designed.
     if (rs.RecordCount() == 0)
         return;
     for (; !rs.Eof(); rs.MoveNext()) {
-        etiquetas_ << FichaForm::Texto(rs.Value(QStringLiteral("Num")));
+        etiquetas_ << ui::displayText(rs.Value(QStringLiteral("Num")));
         valores_ << vb::Round(vb::CDbl(rs.Value(QStringLiteral("Valor10"))), 2);
     }
     QChart* chart = grafico(mscGrafico);

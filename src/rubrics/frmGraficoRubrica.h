@@ -10,12 +10,12 @@
 // sum of all the bars as a percentage, and the bars are painted in the
 // second colour of the settings (gColor2). With no value at all the chart
 // shows its empty axes.
+#include "rubrics/RubricTask.h"
 #include "ui/Form.h"
 
 #include <QList>
 #include <QStringList>
 
-class frmTareasRubrica;
 class QChartView;
 class QGraphicsSimpleTextItem;
 
@@ -23,7 +23,7 @@ class frmGraficoRubrica : public Form {
     Q_OBJECT
 
 public:
-    explicit frmGraficoRubrica(frmTareasRubrica* rubrica);
+    frmGraficoRubrica(const RubricTask& tarea, QWidget* parent = nullptr);
 
     QChartView* mscGrafico;
 
@@ -42,7 +42,7 @@ private:
     void Pintar();
     void ColocarRotulos();
 
-    frmTareasRubrica* rubrica_;
+    RubricTask tarea_;
     bool cargado_ = false;
     QStringList etiquetas_;
     QList<double> valores_;

@@ -2,11 +2,10 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "rubrics/RubricaGrid.h"
-#include "rubrics/frmTareasRubrica.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 
@@ -26,9 +25,9 @@ enum Col : int { ColIdTarea, ColNumero, ColTarea, ColMateria, ColGrupo, ColAvali
 
 } // namespace
 
-frmRubricas::frmRubricas(frmTareasRubrica* rubrica)
-    : Form(rubrica), lblInfo(new QLabel(this)), txtCurso(new QLineEdit(this)), mshDatos(new FlexGrid(this)),
-      cmdSalir(ui::commandButton(this, "cmdSalir", QStringLiteral("&Salir"))), rubrica_(rubrica)
+frmRubricas::frmRubricas(const RubricTask& tarea, QWidget* parent)
+    : Form(parent), lblInfo(new QLabel(this)), txtCurso(new QLineEdit(this)), mshDatos(new FlexGrid(this)),
+      cmdSalir(ui::commandButton(this, "cmdSalir", QStringLiteral("&Salir"))), tarea_(tarea)
 {
     setObjectName(QStringLiteral("frmRubricas"));
     setCaption(QStringLiteral("RÚBRICAS"));
@@ -72,7 +71,7 @@ void frmRubricas::Form_Activate()
     if (cargado_)
         return;
     cargado_ = true;
-    lblInfo->setText(rubrica_->lblCabecera->text());
+    lblInfo->setText(tarea_.header);
     txtCurso->setText(gAno);
     RellenarLista();
 }
@@ -110,11 +109,11 @@ void frmRubricas::RellenarLista()
                   "tblMaterias ON tblTareas.IdMat = tblMaterias.Id) INNER JOIN tblGrupos ON tblTareas.IdGru = "
                   "tblGrupos.Id) INNER JOIN tblCursos ON tblGrupos.IdCurso = tblCursos.Id) INNER JOIN tblNiveles ON "
                   "tblCursos.IdNivel = tblNiveles.Id WHERE tblTareasTipos.Des = '") +
-                  rubrica_->TipoTarea() + u'\'',
+                  tarea_.type + u'\'',
               cnLista_);
     if (!tipo.Eof()) {
         idTip_ = CLng(tipo.Value(QStringLiteral("IdTip")));
-        lblInfo->setText(QStringLiteral("RÚBRICAS DE ") + FichaForm::Texto(tipo.Value(QStringLiteral("TipoTarea"))));
+        lblInfo->setText(QStringLiteral("RÚBRICAS DE ") + ui::displayText(tipo.Value(QStringLiteral("TipoTarea"))));
     }
     tipo.Close();
 
@@ -133,21 +132,27 @@ void frmRubricas::RellenarLista()
         cnLista_);
 
     FlexGrid& g = *mshDatos;
-    const int ancho = g.pixelsToTwips(g.width());
-    rubricas::formarGrid(g, rsLista_.RecordCount(),
-                         {0, 500, ancho * 25 / 100, ancho * 30 / 100, ancho * 15 / 100, ancho * 20 / 100},
-                         {QString(), QString(), QStringLiteral("Tarea"), QStringLiteral("Materia"),
-                          QStringLiteral("Grupo"), QStringLiteral("Avaliación")});
+    // The texts take shares of the grid's width as it is at the fill.
+    const auto columnas = ui::GridColumns{{QString(), 0},
+                                          {QString(), 500},
+                                          {QStringLiteral("Tarea"), -1, {}, {}, 25},
+                                          {QStringLiteral("Materia"), -1, {}, {}, 30},
+                                          {QStringLiteral("Grupo"), -1, {}, {}, 15},
+                                          {QStringLiteral("Avaliación"), -1, {}, {}, 20}}
+                              .alignAll(Qt::AlignLeft | Qt::AlignVCenter)
+                              .fitTitles();
+    g.setRedraw(false);
+    columnas.shape(g, rsLista_.RecordCount());
     int r = 1;
     for (; !rsLista_.Eof(); rsLista_.MoveNext(), ++r) {
-        g.setTextMatrix(r, ColIdTarea, FichaForm::Texto(rsLista_.Value(QStringLiteral("IdTarea"))));
+        g.setTextMatrix(r, ColIdTarea, ui::displayText(rsLista_.Value(QStringLiteral("IdTarea"))));
         g.setTextMatrix(r, ColNumero, QString::number(r));
-        g.setTextMatrix(r, ColTarea, FichaForm::Texto(rsLista_.Value(QStringLiteral("Tarea"))));
-        g.setTextMatrix(r, ColMateria, FichaForm::Texto(rsLista_.Value(QStringLiteral("Materia"))));
-        g.setTextMatrix(r, ColGrupo, FichaForm::Texto(rsLista_.Value(QStringLiteral("Grupo"))));
-        g.setTextMatrix(r, ColAvaliacion, FichaForm::Texto(rsLista_.Value(QStringLiteral("Avaliacion"))));
+        g.setTextMatrix(r, ColTarea, ui::displayText(rsLista_.Value(QStringLiteral("Tarea"))));
+        g.setTextMatrix(r, ColMateria, ui::displayText(rsLista_.Value(QStringLiteral("Materia"))));
+        g.setTextMatrix(r, ColGrupo, ui::displayText(rsLista_.Value(QStringLiteral("Grupo"))));
+        g.setTextMatrix(r, ColAvaliacion, ui::displayText(rsLista_.Value(QStringLiteral("Avaliacion"))));
     }
-    rubricas::rematarGrid(g);
+    ui::finishGrid(g);
 }
 
 void frmRubricas::txtCurso_Enter()
@@ -183,7 +188,7 @@ void frmRubricas::CrearRubrica(qint32 idOrigen)
     for (; !origen.Eof(); origen.MoveNext()) {
         destino.AddNew();
         destino.Fields(QStringLiteral("Id")) = SiguienteId(QStringLiteral("tblTareasRubrica"), QStringLiteral("Id"));
-        destino.Fields(QStringLiteral("IdTarea")) = rubrica_->IdTarea();
+        destino.Fields(QStringLiteral("IdTarea")) = tarea_.id;
         for (const char* campo : {"Num", "Des", "Por", "Max", "Cri"})
             destino.Fields(QLatin1String(campo)) = origen.Value(QLatin1String(campo));
         destino.Update();

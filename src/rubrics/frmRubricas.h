@@ -13,10 +13,10 @@
 // before the list is filled from it.
 #include "db/Connection.h"
 #include "db/Recordset.h"
+#include "rubrics/RubricTask.h"
 #include "ui/Form.h"
 
 class FlexGrid;
-class frmTareasRubrica;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -25,7 +25,7 @@ class frmRubricas : public Form {
     Q_OBJECT
 
 public:
-    explicit frmRubricas(frmTareasRubrica* rubrica);
+    frmRubricas(const RubricTask& tarea, QWidget* parent = nullptr);
 
     QLabel* lblInfo;
     QLineEdit* txtCurso;
@@ -54,7 +54,7 @@ private:
     void CrearRubrica(qint32 idOrigen);
     QString RutaCurso() const;
 
-    frmTareasRubrica* rubrica_;
+    RubricTask tarea_;
     bool cargado_ = false;
     qint32 idTip_ = 0;
     db::ConnectionPtr cnAnterior_;

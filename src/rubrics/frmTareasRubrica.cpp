@@ -1,12 +1,12 @@
 #include "rubrics/frmTareasRubrica.h"
 
 #include "core/Modulo.h"
-#include "rubrics/RubricaGrid.h"
 #include "rubrics/frmGraficoRubrica.h"
 #include "rubrics/frmRubricas.h"
 #include "rubrics/frmTareasRubricaActividad.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 
@@ -21,6 +21,16 @@ using vb::IsNumeric;
 namespace {
 
 enum Col : int { ColNumero, ColId, ColNum, ColDes, ColPor, ColMax, NCols };
+
+// The description takes 70 per cent of the grid, following its width.
+const ui::GridColumns kColumnas = ui::GridColumns{{QString(), 500},
+                                                  {QString(), 0},
+                                                  {QStringLiteral("Nº"), 500},
+                                                  {QStringLiteral("Descripción"), -1, {}, {}, 70},
+                                                  {QStringLiteral("% Valor"), 600},
+                                                  {QStringLiteral("Max. Valor"), 600}}
+                                      .alignAll(Qt::AlignLeft | Qt::AlignVCenter)
+                                      .fitTitles();
 
 } // namespace
 
@@ -84,29 +94,25 @@ void frmTareasRubrica::Rellenar()
     rs_.Open(strSql_, gConexion);
 
     FlexGrid& g = *mshDatos;
-    // With no activities the grid has its titles and no rows; the
-    // description's width is set below.
-    rubricas::formarGrid(g, rs_.RecordCount(), {500, 0, 500, 0, 600, 600},
-                         {QString(), QString(), QStringLiteral("Nº"), QStringLiteral("Descripción"),
-                          QStringLiteral("% Valor"), QStringLiteral("Max. Valor")});
-    AnchoDescripcion();
+    // With no activities the grid has its titles and no rows.
+    g.setRedraw(false);
+    kColumnas.shape(g, rs_.RecordCount());
     int r = 1;
     for (; !rs_.Eof(); rs_.MoveNext(), ++r) {
         g.setTextMatrix(r, ColNumero, QString::number(r));
-        g.setTextMatrix(r, ColId, FichaForm::Texto(rs_.Value(QStringLiteral("Id"))));
-        g.setTextMatrix(r, ColNum, FichaForm::Texto(rs_.Value(QStringLiteral("Num"))));
-        g.setTextMatrix(r, ColDes, FichaForm::Texto(rs_.Value(QStringLiteral("Des"))));
-        g.setTextMatrix(r, ColPor, FichaForm::Texto(rs_.Value(QStringLiteral("Por"))));
-        g.setTextMatrix(r, ColMax, FichaForm::Texto(rs_.Value(QStringLiteral("Max"))));
+        g.setTextMatrix(r, ColId, ui::displayText(rs_.Value(QStringLiteral("Id"))));
+        g.setTextMatrix(r, ColNum, ui::displayText(rs_.Value(QStringLiteral("Num"))));
+        g.setTextMatrix(r, ColDes, ui::displayText(rs_.Value(QStringLiteral("Des"))));
+        g.setTextMatrix(r, ColPor, ui::displayText(rs_.Value(QStringLiteral("Por"))));
+        g.setTextMatrix(r, ColMax, ui::displayText(rs_.Value(QStringLiteral("Max"))));
     }
-    rubricas::rematarGrid(g);
+    ui::finishGrid(g);
 }
 
 void frmTareasRubrica::AnchoDescripcion()
 {
-    // The description takes 70 per cent of the grid.
     if (mshDatos->Cols() > ColDes)
-        mshDatos->setColWidth(ColDes, mshDatos->pixelsToTwips(mshDatos->width()) * 70 / 100);
+        mshDatos->setColWidth(ColDes, kColumnas.widthOf(*mshDatos, ColDes));
 }
 
 void frmTareasRubrica::resizeEvent(QResizeEvent* event)
@@ -121,9 +127,14 @@ bool frmTareasRubrica::HayFila() const
     return mshDatos->Rows() > 1 && r >= 1 && IsNumeric(mshDatos->TextMatrix(r, ColId));
 }
 
+RubricTask frmTareasRubrica::Tarea() const
+{
+    return {idTarea_, lblCabecera->text(), tipoTarea_};
+}
+
 void frmTareasRubrica::cmdNovo_Click()
 {
-    frmTareasRubricaActividad actividad(this);
+    frmTareasRubricaActividad actividad(Tarea(), this);
     actividad.setEstado(0);
     actividad.setCaption(QStringLiteral("Actividade Nova"));
     // The list fills again when it becomes active.
@@ -138,7 +149,7 @@ void frmTareasRubrica::cmdEditar_Click()
     Tag = QStringLiteral("A");
     gFilaActual = mshDatos->Row();
     {
-        frmTareasRubricaActividad actividad(this);
+        frmTareasRubricaActividad actividad(Tarea(), this);
         actividad.setEstado(1);
         actividad.setId(CLng(mshDatos->TextMatrix(gFilaActual, ColId)));
         actividad.setCaption(QStringLiteral("Modificando actividade nº  ") +
@@ -170,7 +181,7 @@ void frmTareasRubrica::cmdPlantilla_Click()
 {
     Tag = QStringLiteral("A");
     {
-        frmRubricas rubricas(this);
+        frmRubricas rubricas(Tarea(), this);
         ShowModal(&rubricas);
     }
     Rellenar();
@@ -178,7 +189,7 @@ void frmTareasRubrica::cmdPlantilla_Click()
 
 void frmTareasRubrica::cmdGrafico_Click()
 {
-    frmGraficoRubrica grafico(this);
+    frmGraficoRubrica grafico(Tarea(), this);
     ShowModal(&grafico);
 }
 

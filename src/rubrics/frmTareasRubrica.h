@@ -16,6 +16,7 @@
 //
 // Deleting an activity leaves its values in tblNotasRubrica.
 #include "db/Recordset.h"
+#include "rubrics/RubricTask.h"
 #include "ui/Form.h"
 
 class FlexGrid;
@@ -32,6 +33,8 @@ public:
     qint32 IdTarea() const { return idTarea_; }
     void setTipoTarea(const QString& tipo) { tipoTarea_ = tipo; }
     const QString& TipoTarea() const { return tipoTarea_; }
+    // The task as the screens it opens are given it.
+    RubricTask Tarea() const;
 
     QLabel* lblCabecera;
     FlexGrid* mshDatos;

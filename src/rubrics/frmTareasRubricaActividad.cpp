@@ -2,9 +2,8 @@
 
 #include "core/Funciones.h"
 #include "core/Modulo.h"
-#include "rubrics/frmTareasRubrica.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 
@@ -21,14 +20,6 @@ using vb::IsNumeric;
 namespace {
 
 const QString kTabla = QStringLiteral("tblTareasRubrica");
-
-QLineEdit* linea(QWidget* form, const char* name, int chars)
-{
-    auto* field = new QLineEdit(form);
-    field->setObjectName(QLatin1String(name));
-    field->setMaximumWidth(field->fontMetrics().horizontalAdvance(QString(chars, u'0')) + 14);
-    return field;
-}
 
 QPlainTextEdit* texto(QWidget* form, const char* name, int lines)
 {
@@ -52,11 +43,12 @@ bool rechazar(const QString& text, QLineEdit* field, bool select)
 
 } // namespace
 
-frmTareasRubricaActividad::frmTareasRubricaActividad(frmTareasRubrica* rubrica)
-    : Form(rubrica), txtId(linea(this, "txtId", 8)), txtNum(linea(this, "txtNum", 6)), txtDes(texto(this, "txtDes", 3)),
-      txtPor(linea(this, "txtPor", 8)), txtMax(linea(this, "txtMax", 6)), txtCri(texto(this, "txtCri", 4)),
+frmTareasRubricaActividad::frmTareasRubricaActividad(const RubricTask& tarea, QWidget* parent)
+    : Form(parent), txtId(ui::textField(this, "txtId", 8)), txtNum(ui::textField(this, "txtNum", 6)),
+      txtDes(texto(this, "txtDes", 3)), txtPor(ui::textField(this, "txtPor", 8)),
+      txtMax(ui::textField(this, "txtMax", 6)), txtCri(texto(this, "txtCri", 4)),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
-      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), rubrica_(rubrica)
+      cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), tarea_(tarea)
 {
     setObjectName(QStringLiteral("frmTareasRubricaActividad"));
     setCaption(QStringLiteral("Actividades da Rúbrica"));
@@ -112,11 +104,11 @@ void frmTareasRubricaActividad::Form_Activate()
     rs_.Close();
     rs_.Open(QStringLiteral("SELECT * FROM tblTareasRubrica WHERE Id = %1").arg(id_), gConexion);
     txtId->setText(QString::number(id_));
-    txtNum->setText(FichaForm::Texto(rs_.Value(QStringLiteral("Num"))));
-    txtDes->setPlainText(FichaForm::Texto(rs_.Value(QStringLiteral("Des"))));
-    txtPor->setText(FichaForm::Texto(rs_.Value(QStringLiteral("Por"))));
-    txtMax->setText(FichaForm::Texto(rs_.Value(QStringLiteral("Max"))));
-    txtCri->setPlainText(FichaForm::Texto(rs_.Value(QStringLiteral("Cri"))));
+    txtNum->setText(ui::displayText(rs_.Value(QStringLiteral("Num"))));
+    txtDes->setPlainText(ui::displayText(rs_.Value(QStringLiteral("Des"))));
+    txtPor->setText(ui::displayText(rs_.Value(QStringLiteral("Por"))));
+    txtMax->setText(ui::displayText(rs_.Value(QStringLiteral("Max"))));
+    txtCri->setPlainText(ui::displayText(rs_.Value(QStringLiteral("Cri"))));
     txtDes->setFocus();
 }
 
@@ -170,7 +162,7 @@ void frmTareasRubricaActividad::Grabar()
         rs_.Open(kTabla, gConexion);
         rs_.AddNew();
         rs_.Fields(QStringLiteral("Id")) = vb::CLng(txtId->text());
-        rs_.Fields(QStringLiteral("IdTarea")) = rubrica_->IdTarea();
+        rs_.Fields(QStringLiteral("IdTarea")) = tarea_.id;
     }
     rs_.Fields(QStringLiteral("Num")) = txtNum->text();
     rs_.Fields(QStringLiteral("Des")) = txtDes->toPlainText();

@@ -13,9 +13,9 @@
 // Enter moves on from the number, the weight and the top; the description
 // and the criteria take it as a line break.
 #include "db/Recordset.h"
+#include "rubrics/RubricTask.h"
 #include "ui/Form.h"
 
-class frmTareasRubrica;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
@@ -24,7 +24,7 @@ class frmTareasRubricaActividad : public Form {
     Q_OBJECT
 
 public:
-    explicit frmTareasRubricaActividad(frmTareasRubrica* rubrica);
+    frmTareasRubricaActividad(const RubricTask& tarea, QWidget* parent = nullptr);
 
     void setEstado(quint8 estado) { estado_ = estado; } // 0 new, 1 edit
     quint8 Estado() const { return estado_; }
@@ -53,7 +53,7 @@ private:
     void txtMax_LostFocus();
     void Grabar();
 
-    frmTareasRubrica* rubrica_;
+    RubricTask tarea_;
     quint8 estado_ = 0;
     qint32 id_ = 0;
     bool cargado_ = false;

@@ -27,7 +27,7 @@ QVariant media(const db::Recordset& rs)
 
 } // namespace
 
-QString sqlEvaluaciones(qint32 idAlu)
+QString evaluationsStatement(qint32 idAlu)
 {
     return QStringLiteral(
                "SELECT tblEvaluaciones.Des AS Eval, tblMaterias.Des AS Mat, tblTareas.IdEva, tblTareas.IdMat FROM "
@@ -82,7 +82,7 @@ float PuntosTipo(const QString& media, const QString& max, const QString& valor)
     return vb::CSng(media) * 10.0f / vb::CSng(max) * (vb::CSng(valor) / 100.0f);
 }
 
-Eval LeeEval(const db::Recordset& pares, qint32 idAlu, qint32 grupo)
+Eval readEvaluation(const db::Recordset& pares, qint32 idAlu, qint32 grupo)
 {
     Eval e;
     e.eval = texto(pares.Value(QStringLiteral("Eval")));
@@ -232,11 +232,11 @@ Record computeRecord(qint32 idAlu)
         vb::IsNull(alumno.Value(QStringLiteral("Grupo"))) ? 0 : vb::CLng(alumno.Value(QStringLiteral("Grupo")));
 
     db::Recordset pares;
-    pares.Open(sqlEvaluaciones(idAlu), gConexion);
+    pares.Open(evaluationsStatement(idAlu), gConexion);
     std::vector<EvalCells> cells;
     for (; !pares.Eof(); pares.MoveNext()) {
         Record::Aval a;
-        a.eval = LeeEval(pares, idAlu, grupo);
+        a.eval = readEvaluation(pares, idAlu, grupo);
         for (Tipo& t : AbreTipos(idAlu, grupo, a.eval.idEva, a.eval.idMat)) {
             Record::TipoTareas tt;
             tt.tareas = AbreTareas(idAlu, a.eval.idEva, t.idTip, a.eval.idMat);

@@ -21,7 +21,7 @@ namespace standing {
 
 // The pairs of evaluation and subject in which the student has a mark of a
 // task that counts, newest evaluation first: Eval, Mat, IdEva, IdMat.
-QString sqlEvaluaciones(qint32 idAlu);
+QString evaluationsStatement(qint32 idAlu);
 
 // The points of one evaluation and subject: for each task type with marks,
 // the mean of the marks to a scale of ten by the type's Max, times its weight
@@ -62,7 +62,7 @@ struct Final {
 };
 
 // The row of the current record of the pairs' recordset.
-Eval LeeEval(const db::Recordset& pares, qint32 idAlu, qint32 grupo);
+Eval readEvaluation(const db::Recordset& pares, qint32 idAlu, qint32 grupo);
 std::vector<Tipo> AbreTipos(qint32 idAlu, qint32 grupo, qint32 idEva, qint32 idMat);
 std::vector<Tarea> AbreTareas(qint32 idAlu, qint32 idEva, qint32 idTip, qint32 idMat);
 

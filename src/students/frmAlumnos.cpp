@@ -4,9 +4,10 @@
 #include "reports/viewers/frmInforme.h"
 #include "students/ConsultasAlumnos.h"
 #include "students/frmAlumnosFicha.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 
@@ -19,28 +20,29 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-using alumnos::contiene;
-using alumnos::kDesGrupo;
+using studentlist::contains;
+using studentlist::kGroupText;
 
 namespace {
 
 enum : int { ColApe = 1, ColNom = 2, ColId = 5, ColAV = 7 };
 
-// Share of the grid's width of columns 1 to 7; Id and Foto stay hidden.
-constexpr int kAnchos[] = {30, 20, 20, 10, 0, 0, 5};
-
-const QStringList kTitulos = {QString(),
-                              QStringLiteral("APELLIDOS"),
-                              QStringLiteral("NOMBRE"),
-                              QStringLiteral("CORREO ELECTRÓNICO"),
-                              QStringLiteral("GRUPO"),
-                              QStringLiteral("Id"),
-                              QStringLiteral("Foto"),
-                              QStringLiteral("AV")};
+// Columns 1 to 7 take shares of the grid's width; Id and Foto stay hidden.
+// The warning mark is centred under a title on the left.
+const ui::GridColumns kColumnas{
+    {QString()},
+    {QStringLiteral("APELLIDOS"), -1, {}, {}, 30},
+    {QStringLiteral("NOMBRE"), -1, {}, {}, 20},
+    {QStringLiteral("CORREO ELECTRÓNICO"), -1, {}, {}, 20},
+    {QStringLiteral("GRUPO"), -1, {}, {}, 10},
+    {QStringLiteral("Id"), -1, {}, {}, 0, true},
+    {QStringLiteral("Foto"), -1, {}, {}, 0, true},
+    {QStringLiteral("AV"), -1, Qt::AlignCenter, Qt::AlignLeft | Qt::AlignVCenter, 5},
+};
 
 QString fieldText(const db::Recordset& rs, const char* field)
 {
-    return FichaForm::Texto(rs.Value(QLatin1String(field)));
+    return ui::displayText(rs.Value(QLatin1String(field)));
 }
 
 } // namespace
@@ -103,14 +105,14 @@ QString frmAlumnos::Consulta() const
 {
     const QString t = txtFiltro->text();
     QString sql =
-        QStringLiteral("SELECT tblAlumnos.Ape, tblAlumnos.Nom, tblAlumnos.MailAlu, ") + kDesGrupo +
+        QStringLiteral("SELECT tblAlumnos.Ape, tblAlumnos.Nom, tblAlumnos.MailAlu, ") + kGroupText +
         QStringLiteral(" AS DesGrupo, tblAlumnos.Id, tblAlumnos.Foto, IIF( tblAlumnos.AV=0,'NO','SÍ') AS AV") +
-        alumnos::kFromAlumnos;
+        studentlist::kFromStudents;
     if (!t.isEmpty())
-        sql += QStringLiteral(" WHERE ") + contiene(QStringLiteral("tblAlumnos.Ape"), t) + QStringLiteral(" OR ") +
-               contiene(QStringLiteral("tblAlumnos.Nom"), t) + QStringLiteral(" OR ") +
-               contiene(QStringLiteral("tblAlumnos.MailAlu"), t) + QStringLiteral(" OR ") + contiene(kDesGrupo, t);
-    return sql + alumnos::kOrdenAlumnos;
+        sql += QStringLiteral(" WHERE ") + contains(QStringLiteral("tblAlumnos.Ape"), t) + QStringLiteral(" OR ") +
+               contains(QStringLiteral("tblAlumnos.Nom"), t) + QStringLiteral(" OR ") +
+               contains(QStringLiteral("tblAlumnos.MailAlu"), t) + QStringLiteral(" OR ") + contains(kGroupText, t);
+    return sql + studentlist::kOrderByName;
 }
 
 QString frmAlumnos::FiltroInforme() const
@@ -135,26 +137,16 @@ void frmAlumnos::RellenaLista()
 void frmAlumnos::ConfiguraGrid()
 {
     FlexGrid& g = *mshDatos;
-    ui::fillList(g, rs_, {}, kTitulos, true);
+    ui::fillList(g, rs_, kColumnas, true, {.fontSizes = {{0, 9}, {ColApe, 12}, {ColNom, 12}}});
+    // An empty list keeps the shares of the columns it had.
     AnchoColumnas();
-    if (rs_.RecordCount() == 0)
-        return;
-    g.setRedraw(false);
-    g.setColAlignment(ColAV, Qt::AlignCenter);
-    for (int r = 1; r < g.Rows(); ++r) {
-        g.setCellFontSize(r, 0, 9);
-        g.setCellFontSize(r, ColApe, 12);
-        g.setCellFontSize(r, ColNom, 12);
-    }
-    g.setColSel(5);
-    g.setRedraw(true);
+    if (rs_.RecordCount() > 0)
+        g.setColSel(5);
 }
 
 void frmAlumnos::AnchoColumnas()
 {
-    const int ancho = mshDatos->pixelsToTwips(mshDatos->width());
-    for (int c = 1; c <= 7 && c < mshDatos->Cols(); ++c)
-        mshDatos->setColWidth(c, ancho * kAnchos[c - 1] / 100);
+    kColumnas.applyWidths(*mshDatos);
 }
 
 bool frmAlumnos::eventFilter(QObject* watched, QEvent* event)

@@ -143,11 +143,6 @@ public:
     void cmdBorrarRec_Click();
     void lstMat_Click();
 
-    // The pause before the printed record opens, so that everything staged
-    // is in the file; tests shorten it.
-    static int stagingWaitMs();
-    static void setStagingWaitMs(int ms);
-
     // Columns of the marks grids; the chart and the print read them too.
     enum EvalCol : int { EvEval = 1, EvMat, EvPtos, EvNota, EvIdEva, EvIdMat };
     enum TipoCol : int { TiTarea = 1, TiMedia, TiValor, TiPtos, TiIdTip };
@@ -156,15 +151,7 @@ public:
     // A grid of the marks tabs made empty under its titles: one fixed row
     // and the fixed column 0 of width 500, then the columns given (width 0
     // hides one), and `rows` rows in all.
-    struct Columna {
-        const char* title;
-        int twips;
-        Qt::Alignment align;
-    };
-    static void PreparaGrid(FlexGrid& grid, std::initializer_list<Columna> columns, int rows);
     static FlexGrid* newGrid(QWidget* parent, const char* name);
-    // A bold caption over a grid or list of the marks tabs.
-    static QLabel* titulo(const QString& text, QWidget* buddy, QWidget* parent);
 
     // The two validations of a save, each with its verdict. Every check runs;
     // ComprobaDatos gives the verdict of the last one that ran.

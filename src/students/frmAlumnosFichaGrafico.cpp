@@ -6,6 +6,7 @@
 #include "db/Recordset.h"
 #include "ui/Charts.h"
 #include "ui/Colors.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
 #include "vb/Vb.h"
 
@@ -46,11 +47,11 @@ QWidget* frmAlumnosFicha::buildGrafico()
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(10, 10, 10, 10);
     grid->addWidget(mscGrafico, 0, 0, 6, 1);
-    grid->addWidget(titulo(QStringLiteral("EVALUACIONES"), lstEval, page), 0, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("EVALUACIONES"), lstEval), 0, 1);
     grid->addWidget(lstEval, 1, 1);
-    grid->addWidget(titulo(QStringLiteral("MATERIAS"), lstMat, page), 2, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("MATERIAS"), lstMat), 2, 1);
     grid->addWidget(lstMat, 3, 1);
-    grid->addWidget(titulo(QStringLiteral("TIPO DE GRÁFICO"), lstTipoGrafico, page), 4, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("TIPO DE GRÁFICO"), lstTipoGrafico), 4, 1);
     grid->addWidget(lstTipoGrafico, 5, 1);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);

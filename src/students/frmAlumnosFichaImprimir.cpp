@@ -6,31 +6,11 @@
 #include "students/PrintStaging.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
+#include "vb/Clock.h"
 #include "vb/Vb.h"
 
 #include <QComboBox>
 #include <QLineEdit>
-#include <QThread>
-
-namespace {
-
-int& esperaImpresion()
-{
-    static int ms = 3000;
-    return ms;
-}
-
-} // namespace
-
-int frmAlumnosFicha::stagingWaitMs()
-{
-    return esperaImpresion();
-}
-
-void frmAlumnosFicha::setStagingWaitMs(int ms)
-{
-    esperaImpresion() = ms;
-}
 
 standing::Record frmAlumnosFicha::RecordFromGrids()
 {
@@ -103,7 +83,7 @@ void frmAlumnosFicha::cmdInforme_Click()
     BusyCursor busy(this);
     StageRecord();
     // A fixed pause before the report reads the file, whatever was written.
-    QThread::msleep(esperaImpresion());
+    vb::Clock::pause(3000);
     // The sheet stays as the walk left it when the report closes.
     Tag = QStringLiteral("A");
     frmInformeHojaDoc hoja(this);

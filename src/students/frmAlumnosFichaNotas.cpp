@@ -8,7 +8,9 @@
 #include "marks/frmNotaFinal.h"
 #include "students/StudentStanding.h"
 #include "ui/Colors.h"
+#include "ui/Controls.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 
@@ -29,48 +31,42 @@ constexpr auto kRight = Qt::AlignRight | Qt::AlignVCenter;
 constexpr auto kCentre = Qt::AlignCenter;
 const QColor kRojo = ui::colorFromVariant(255);
 
-void configuraEval(FlexGrid& g, int rows)
-{
-    frmAlumnosFicha::PreparaGrid(g,
-                                 {{"Evaluación", 1900, kLeft},
-                                  {"Materia", 2500, kLeft},
-                                  {"Ptos.", 900, kRight},
-                                  {"NOTA", 1000, kRight},
-                                  {"", 0, kLeft},
-                                  {"", 0, kLeft}},
-                                 rows);
-}
+// Points and typed mark per evaluation and subject; the keys hidden.
+const ui::GridColumns kEval{{QString(), 500},
+                            {QStringLiteral("Evaluación"), 1900, kLeft},
+                            {QStringLiteral("Materia"), 2500, kLeft},
+                            {QStringLiteral("Ptos."), 900, kRight},
+                            {QStringLiteral("NOTA"), 1000, kRight},
+                            {QString(), 0, kLeft},
+                            {QString(), 0, kLeft}};
 
-void configuraTipos(FlexGrid& g, int rows)
-{
-    frmAlumnosFicha::PreparaGrid(g,
-                                 {{"Tarea", 2300, kLeft},
-                                  {"Media", 900, kRight},
-                                  {"%Valor", 900, kRight},
-                                  {"Ptos", 900, kRight},
-                                  {"", 0, kLeft}},
-                                 rows);
-}
+// The task types of the current row.
+const ui::GridColumns kTipos{{QString(), 500},
+                             {QStringLiteral("Tarea"), 2300, kLeft},
+                             {QStringLiteral("Media"), 900, kRight},
+                             {QStringLiteral("%Valor"), 900, kRight},
+                             {QStringLiteral("Ptos"), 900, kRight},
+                             {QString(), 0, kLeft}};
 
-void configuraTareas(FlexGrid& g, int rows)
-{
-    frmAlumnosFicha::PreparaGrid(
-        g,
-        {{"Tarea", 2600, kLeft}, {"Nota", 900, kRight}, {"Observaciones", 3200, kLeft}, {"", 0, kLeft}, {"", 0, kLeft}},
-        rows);
-}
+// The tasks of the current type.
+const ui::GridColumns kTareas{{QString(), 500},
+                              {QStringLiteral("Tarea"), 2600, kLeft},
+                              {QStringLiteral("Nota"), 900, kRight},
+                              {QStringLiteral("Observaciones"), 3200, kLeft},
+                              {QString(), 0, kLeft},
+                              {QString(), 0, kLeft}};
 
-void configuraFinal(FlexGrid& g, int rows)
-{
-    frmAlumnosFicha::PreparaGrid(g,
-                                 {{"Materia", 2500, kLeft},
-                                  {"Ptos", 900, kCentre},
-                                  {"Nota", 900, kCentre},
-                                  {"NFO", 900, kCentre},
-                                  {"NFE", 900, kCentre},
-                                  {"", 0, kLeft}},
-                                 rows);
-}
+// The final marks per subject.
+const ui::GridColumns kFinal{{QString(), 500},
+                             {QStringLiteral("Materia"), 2500, kLeft},
+                             {QStringLiteral("Ptos"), 900, kCentre},
+                             {QStringLiteral("Nota"), 900, kCentre},
+                             {QStringLiteral("NFO"), 900, kCentre},
+                             {QStringLiteral("NFE"), 900, kCentre},
+                             {QString(), 0, kLeft}};
+
+// The sheet's grids keep their current cell when filled again.
+const ui::GridFinish kSinMover{.firstCell = false};
 
 // Whether a grid holds rows of data, not only the empty rows of a grid
 // without any.
@@ -81,40 +77,12 @@ bool conFilas(const FlexGrid& g, int keyCol)
 
 } // namespace
 
-QLabel* frmAlumnosFicha::titulo(const QString& text, QWidget* buddy, QWidget* parent)
-{
-    auto* label = new QLabel(text, parent);
-    QFont bold = label->font();
-    bold.setBold(true);
-    label->setFont(bold);
-    label->setBuddy(buddy);
-    return label;
-}
-
 FlexGrid* frmAlumnosFicha::newGrid(QWidget* parent, const char* name)
 {
     auto* grid = control<FlexGrid>(parent, name);
     grid->setFixedRows(1);
     grid->setFixedCols(1);
     return grid;
-}
-
-void frmAlumnosFicha::PreparaGrid(FlexGrid& g, std::initializer_list<Columna> columns, int rows)
-{
-    g.Clear();
-    g.setCols(int(columns.size()) + 1);
-    g.setRows(std::max(rows, 1));
-    g.setFixedRows(1);
-    g.setFixedCols(1);
-    g.setColWidth(0, 500);
-    int c = 1;
-    for (const Columna& col : columns) {
-        g.setColWidth(c, col.twips);
-        g.setColAlignment(c, col.align);
-        g.setFixedAlignment(c, col.align);
-        g.setTextMatrix(0, c, QString::fromUtf8(col.title));
-        ++c;
-    }
 }
 
 QWidget* frmAlumnosFicha::buildNotas()
@@ -124,22 +92,22 @@ QWidget* frmAlumnosFicha::buildNotas()
     mshNotas = newGrid(page, "mshNotas");
     mshNotasDetalle = newGrid(page, "mshNotasDetalle");
     mshFinal = newGrid(page, "mshFinal");
-    configuraEval(*mshEval, 2);
-    configuraTipos(*mshNotas, 2);
-    configuraTareas(*mshNotasDetalle, 2);
-    configuraFinal(*mshFinal, 1);
+    kEval.shape(*mshEval, 1);
+    kTipos.shape(*mshNotas, 1);
+    kTareas.shape(*mshNotasDetalle, 1);
+    kFinal.shape(*mshFinal, 0);
 
     auto* grid = new QGridLayout(page);
     grid->setContentsMargins(10, 10, 10, 10);
     grid->setHorizontalSpacing(12);
     grid->setVerticalSpacing(4);
-    grid->addWidget(titulo(QStringLiteral("Puntos y notas de evaluación"), mshEval, page), 0, 0);
+    grid->addWidget(ui::caption(page, QStringLiteral("Puntos y notas de evaluación"), mshEval), 0, 0);
     grid->addWidget(mshEval, 1, 0);
-    grid->addWidget(titulo(QStringLiteral("Tipos de tarea"), mshNotas, page), 0, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("Tipos de tarea"), mshNotas), 0, 1);
     grid->addWidget(mshNotas, 1, 1);
-    grid->addWidget(titulo(QStringLiteral("Notas finales"), mshFinal, page), 2, 0);
+    grid->addWidget(ui::caption(page, QStringLiteral("Notas finales"), mshFinal), 2, 0);
     grid->addWidget(mshFinal, 3, 0);
-    grid->addWidget(titulo(QStringLiteral("Tareas"), mshNotasDetalle, page), 2, 1);
+    grid->addWidget(ui::caption(page, QStringLiteral("Tareas"), mshNotasDetalle), 2, 1);
     grid->addWidget(mshNotasDetalle, 3, 1);
     grid->setRowStretch(1, 3);
     grid->setRowStretch(3, 2);
@@ -158,10 +126,10 @@ QWidget* frmAlumnosFicha::buildNotas()
 
 void frmAlumnosFicha::LimpiaGrids()
 {
-    configuraEval(*mshEval, 2);
-    configuraTipos(*mshNotas, 2);
-    configuraTareas(*mshNotasDetalle, 2);
-    configuraFinal(*mshFinal, 1);
+    kEval.shape(*mshEval, 1);
+    kTipos.shape(*mshNotas, 1);
+    kTareas.shape(*mshNotasDetalle, 1);
+    kFinal.shape(*mshFinal, 0);
     mshEvalRec->Clear();
     mshEvalRec->setRows(0);
     mshEvalRec->setCols(0);
@@ -193,7 +161,7 @@ void frmAlumnosFicha::CargaNotas()
 void frmAlumnosFicha::AbreEvaluaciones()
 {
     rsEval_.Close();
-    rsEval_.Open(standing::sqlEvaluaciones(id_), gConexion);
+    rsEval_.Open(standing::evaluationsStatement(id_), gConexion);
     // The chart's lists: an entry each time the evaluation, or the subject,
     // differs from the record before, so subjects repeat per evaluation.
     lstEval->clear();
@@ -224,12 +192,12 @@ void frmAlumnosFicha::LlenaEval()
     FlexGrid& g = *mshEval;
     g.setRedraw(false);
     const int pares = rsEval_.RecordCount();
-    configuraEval(g, pares == 0 ? 2 : pares + 1);
+    kEval.shape(g, std::max(pares, 1));
     int r = 1;
     if (pares > 0)
         rsEval_.MoveFirst();
     for (; !rsEval_.Eof(); rsEval_.MoveNext(), ++r) {
-        const standing::Eval e = standing::LeeEval(rsEval_, id_, grupoAlumno_);
+        const standing::Eval e = standing::readEvaluation(rsEval_, id_, grupoAlumno_);
         g.setTextMatrix(r, EvEval, e.eval);
         g.setTextMatrix(r, EvMat, e.mat);
         g.setTextMatrix(r, EvPtos, e.ptos);
@@ -243,8 +211,7 @@ void frmAlumnosFicha::LlenaEval()
         g.setTextMatrix(r, EvIdEva, QString::number(e.idEva));
         g.setTextMatrix(r, EvIdMat, QString::number(e.idMat));
     }
-    ui::stripeRows(g, 1);
-    g.setRedraw(true);
+    ui::finishGrid(g, kSinMover);
 }
 
 void frmAlumnosFicha::AbreTipos()
@@ -258,7 +225,7 @@ void frmAlumnosFicha::AbreTipos()
                                   vb::CLng(mshEval->TextMatrix(fila, EvIdMat)))
             : std::vector<standing::Tipo>{};
     g.setRedraw(false);
-    configuraTipos(g, tipos.empty() ? 2 : int(tipos.size()) + 1);
+    kTipos.shape(g, std::max(int(tipos.size()), 1));
     int r = 1;
     for (const standing::Tipo& t : tipos) {
         g.setTextMatrix(r, TiTarea, t.tarea);
@@ -268,9 +235,8 @@ void frmAlumnosFicha::AbreTipos()
         g.setTextMatrix(r, TiIdTip, QString::number(t.idTip));
         ++r;
     }
-    ui::stripeRows(g, 1);
     g.setRow(1);
-    g.setRedraw(true);
+    ui::finishGrid(g, kSinMover);
 }
 
 void frmAlumnosFicha::AbreTareas()
@@ -285,7 +251,7 @@ void frmAlumnosFicha::AbreTareas()
                                       vb::CLng(mshEval->TextMatrix(e, EvIdMat)));
     }
     g.setRedraw(false);
-    configuraTareas(g, tareas.empty() ? 2 : int(tareas.size()) + 1);
+    kTareas.shape(g, std::max(int(tareas.size()), 1));
     int r = 1;
     for (const standing::Tarea& t : tareas) {
         g.setTextMatrix(r, TaTarea, t.tarea);
@@ -295,9 +261,8 @@ void frmAlumnosFicha::AbreTareas()
         g.setTextMatrix(r, TaIdNota, t.idNota);
         ++r;
     }
-    ui::stripeRows(g, 1);
     g.setRow(1);
-    g.setRedraw(true);
+    ui::finishGrid(g, kSinMover);
 }
 
 void frmAlumnosFicha::mshEval_RowColChange()
@@ -331,7 +296,7 @@ void frmAlumnosFicha::CargaFinales()
     standing::MediaFinales(finales, evals);
     FlexGrid& g = *mshFinal;
     g.setRedraw(false);
-    configuraFinal(g, int(finales.size()) + 1);
+    kFinal.shape(g, int(finales.size()));
     int r = 1;
     for (const standing::Final& f : finales) {
         g.setTextMatrix(r, FiMat, f.mat);
@@ -342,8 +307,7 @@ void frmAlumnosFicha::CargaFinales()
         g.setTextMatrix(r, FiIdMat, QString::number(f.idMat));
         ++r;
     }
-    ui::stripeRows(g, 1);
-    g.setRedraw(true);
+    ui::finishGrid(g, kSinMover);
 }
 
 void frmAlumnosFicha::EditaNotaEval()

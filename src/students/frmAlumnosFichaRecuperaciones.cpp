@@ -5,9 +5,10 @@
 
 #include "core/Modulo.h"
 #include "ui/Colors.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 #include "ui/MsgBox.h"
 #include "vb/Vb.h"
 
@@ -26,6 +27,16 @@ enum RecCol : int { ReEval = 1, ReMat, ReNota, ReRecuperar, ReNotaRec, ReRecuper
 
 constexpr auto kLeft = Qt::AlignLeft | Qt::AlignVCenter;
 constexpr auto kCentre = Qt::AlignCenter;
+
+const ui::GridColumns kRecuperaciones{{QString(), 500},
+                                      {QStringLiteral("Evaluación"), 1900, kLeft},
+                                      {QStringLiteral("Materia"), 2500, kLeft},
+                                      {QStringLiteral("Nota Eva."), 1100, kCentre},
+                                      {QStringLiteral("Recuperar"), 1100, kCentre},
+                                      {QStringLiteral("Nota Rec."), 1100, kCentre},
+                                      {QStringLiteral("Recuperado"), 1200, kCentre},
+                                      {QStringLiteral("Observaciones"), 4000, kLeft},
+                                      {QString(), 0, kLeft}};
 
 // A yes/no column; Null reads as no.
 bool verdade(const QVariant& v)
@@ -105,38 +116,27 @@ void frmAlumnosFicha::CargaRecuperaciones()
         g.setRedraw(true);
         return;
     }
-    PreparaGrid(g,
-                {{"Evaluación", 1900, kLeft},
-                 {"Materia", 2500, kLeft},
-                 {"Nota Eva.", 1100, kCentre},
-                 {"Recuperar", 1100, kCentre},
-                 {"Nota Rec.", 1100, kCentre},
-                 {"Recuperado", 1200, kCentre},
-                 {"Observaciones", 4000, kLeft},
-                 {"", 0, kLeft}},
-                rsRec_.RecordCount() + 1);
+    kRecuperaciones.shape(g, rsRec_.RecordCount());
     int r = 1;
     for (rsRec_.MoveFirst(); !rsRec_.Eof(); rsRec_.MoveNext(), ++r) {
         const QVariant nota = rsRec_.Value(QStringLiteral("Nota"));
-        g.setTextMatrix(r, ReEval, FichaForm::Texto(rsRec_.Value(QStringLiteral("Eval"))));
-        g.setTextMatrix(r, ReMat, FichaForm::Texto(rsRec_.Value(QStringLiteral("Mat"))));
+        g.setTextMatrix(r, ReEval, ui::displayText(rsRec_.Value(QStringLiteral("Eval"))));
+        g.setTextMatrix(r, ReMat, ui::displayText(rsRec_.Value(QStringLiteral("Mat"))));
         g.setTextMatrix(r, ReNota, vb::IsNull(nota) ? QString() : vb::Format(nota, QStringLiteral("##0.00")));
         g.setTextMatrix(r, ReRecuperar, siNo(rsRec_.Value(QStringLiteral("Recuperar"))));
-        g.setTextMatrix(r, ReNotaRec, FichaForm::Texto(rsRec_.Value(QStringLiteral("NotaRec"))));
+        g.setTextMatrix(r, ReNotaRec, ui::displayText(rsRec_.Value(QStringLiteral("NotaRec"))));
         g.setTextMatrix(r, ReRecuperado, siNo(rsRec_.Value(QStringLiteral("Recuperado"))));
-        g.setTextMatrix(r, ReObs, FichaForm::Texto(rsRec_.Value(QStringLiteral("ObsRec"))));
+        g.setTextMatrix(r, ReObs, ui::displayText(rsRec_.Value(QStringLiteral("ObsRec"))));
         g.setTextMatrix(r, ReId, vb::CStr(rsRec_.Value(QStringLiteral("Id"))));
     }
-    ui::stripeRows(g, 1);
+    ui::finishGrid(g, {.fontSizes = {{ReNotaRec, 12}}, .firstCell = false});
     for (r = 1; r < g.Rows(); ++r) {
-        g.setCellFontSize(r, ReNotaRec, 12);
         g.setCellFontBold(r, ReNotaRec, true);
         // An evaluation to make up stands out in red from its make-up mark on.
         if (g.TextMatrix(r, ReRecuperar) == QStringLiteral("SÍ"))
             g.setRangeBackColor(r, ReNotaRec, r, g.Cols() - 1, ui::colorFromVariant(255));
     }
     g.setRow(1);
-    g.setRedraw(true);
     filaRec_ = 1;
     CargaEditorRec();
 }
@@ -149,8 +149,8 @@ void frmAlumnosFicha::CargaEditorRec()
         return;
     chkRecuperar->setChecked(verdade(rsRec_.Value(QStringLiteral("Recuperar"))));
     chkRecuperada->setChecked(verdade(rsRec_.Value(QStringLiteral("Recuperado"))));
-    txtNotaRec->setText(FichaForm::Texto(rsRec_.Value(QStringLiteral("NotaRec"))));
-    txtObsRec->setText(FichaForm::Texto(rsRec_.Value(QStringLiteral("ObsRec"))));
+    txtNotaRec->setText(ui::displayText(rsRec_.Value(QStringLiteral("NotaRec"))));
+    txtObsRec->setText(ui::displayText(rsRec_.Value(QStringLiteral("ObsRec"))));
 }
 
 void frmAlumnosFicha::LimpiaRecuperacion()

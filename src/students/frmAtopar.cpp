@@ -2,16 +2,17 @@
 
 #include "core/Modulo.h"
 #include "students/ConsultasAlumnos.h"
+#include "ui/Controls.h"
 #include "ui/EntryConventions.h"
-#include "ui/FichaForm.h"
 #include "ui/FlexGrid.h"
+#include "ui/GridShape.h"
 
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-using alumnos::kDesGrupo;
+using studentlist::kGroupText;
 
 namespace {
 
@@ -23,19 +24,19 @@ const QString kAlumno = QStringLiteral("tblAlumnos.Ape & ', ' & tblAlumnos.Nom")
 
 QString consulta(const QString& estado, const QString& t)
 {
-    using alumnos::contiene;
+    using studentlist::contains;
     if (estado == kAlumnos)
-        return QStringLiteral("SELECT ") + kAlumno + QStringLiteral(" AS Alumno, tblAlumnos.MailAlu, ") + kDesGrupo +
-               QStringLiteral(" AS DesGrupo, tblAlumnos.Id AS Codigo") + alumnos::kFromAlumnos +
-               QStringLiteral(" WHERE ") + contiene(kAlumno, t) + QStringLiteral(" OR ") +
-               contiene(QStringLiteral("tblAlumnos.MailAlu"), t) + QStringLiteral(" OR ") + contiene(kDesGrupo, t) +
-               alumnos::kOrdenAlumnos;
+        return QStringLiteral("SELECT ") + kAlumno + QStringLiteral(" AS Alumno, tblAlumnos.MailAlu, ") + kGroupText +
+               QStringLiteral(" AS DesGrupo, tblAlumnos.Id AS Codigo") + studentlist::kFromStudents +
+               QStringLiteral(" WHERE ") + contains(kAlumno, t) + QStringLiteral(" OR ") +
+               contains(QStringLiteral("tblAlumnos.MailAlu"), t) + QStringLiteral(" OR ") + contains(kGroupText, t) +
+               studentlist::kOrderByName;
     if (estado == kAlumnoTutoria)
         // An inner join: a student without a group is nobody's tutee.
         return QStringLiteral("SELECT ") + kAlumno +
                QStringLiteral(" AS Alumno,  tblAlumnos.Id AS Codigo FROM tblAlumnos INNER JOIN tblGrupos ON "
                               "tblAlumnos.Grupo = tblGrupos.Id WHERE ") +
-               contiene(kAlumno, t) + QStringLiteral(" AND tblGrupos.Tit=True") + alumnos::kOrdenAlumnos;
+               contains(kAlumno, t) + QStringLiteral(" AND tblGrupos.Tit=True") + studentlist::kOrderByName;
     return QString();
 }
 
@@ -80,16 +81,20 @@ void frmAtopar::BuscaAlumnos()
     rs_.Close();
     rs_.Open(sql, gConexion);
     const bool alumnos = estado_ == kAlumnos;
-    const QList<int> widths = alumnos ? QList<int>{500, 5000, 3000, 3000, 0} : QList<int>{500, 8000, 0};
-    const QStringList titles = alumnos ? QStringList{QString(), QStringLiteral("ALUMNO"),
-                                                     QStringLiteral("CORREO ELECTRÓNICO"), QStringLiteral("GRUPO")}
-                                       : QStringList{QString(), QStringLiteral("ALUMNO")};
-    ui::fillList(*mshDatos, rs_, widths, titles);
-    if (rs_.RecordCount() == 0)
-        return;
-    for (int c = 0; c < mshDatos->Cols(); ++c)
-        mshDatos->setFixedAlignment(c, Qt::AlignCenter);
-    mshDatos->setColSel(alumnos ? 4 : 2);
+    // Titles centred over cells on the left; the key stays hidden under its
+    // field's name.
+    constexpr Qt::Alignment centro = Qt::AlignCenter;
+    const ui::GridColumns columns = alumnos ? ui::GridColumns{{QStringLiteral(""), 500, {}, centro},
+                                                              {QStringLiteral("ALUMNO"), 5000, {}, centro},
+                                                              {QStringLiteral("CORREO ELECTRÓNICO"), 3000, {}, centro},
+                                                              {QStringLiteral("GRUPO"), 3000, {}, centro},
+                                                              {QString(), 0, {}, centro}}
+                                            : ui::GridColumns{{QStringLiteral(""), 500, {}, centro},
+                                                              {QStringLiteral("ALUMNO"), 8000, {}, centro},
+                                                              {QString(), 0, {}, centro}};
+    ui::fillList(*mshDatos, rs_, columns);
+    if (rs_.RecordCount() > 0)
+        mshDatos->setColSel(alumnos ? 4 : 2);
 }
 
 void frmAtopar::Elixir()

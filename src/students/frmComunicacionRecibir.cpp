@@ -3,8 +3,8 @@
 #include "students/ImportText.h"
 
 #include "core/Modulo.h"
+#include "ui/Controls.h"
 #include "ui/Dialogs.h"
-#include "ui/FichaForm.h"
 #include "ui/MsgBox.h"
 
 #include <QComboBox>
@@ -30,7 +30,7 @@ void fillCombo(QComboBox* combo, db::Recordset& rs, const QString& sql)
     if (!sql.isEmpty()) {
         rs.Open(sql, gConexion);
         for (; !rs.Eof(); rs.MoveNext())
-            combo->addItem(FichaForm::Texto(rs.Value(QStringLiteral("Des"))));
+            combo->addItem(ui::displayText(rs.Value(QStringLiteral("Des"))));
     }
     combo->setCurrentIndex(0);
 }

@@ -18,36 +18,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-QPushButton* ui::commandButton(QWidget* form, const char* name, const QString& caption)
-{
-    auto* button = new QPushButton(caption, form);
-    button->setObjectName(QLatin1String(name));
-    button->setMinimumWidth(96);
-    return button;
-}
-
-QComboBox* ui::comboBox(QWidget* form, const char* name, int minimumChars)
-{
-    auto* box = new QComboBox(form);
-    box->setObjectName(QLatin1String(name));
-    if (minimumChars > 0) {
-        box->setMinimumContentsLength(minimumChars);
-        box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    }
-    return box;
-}
-
-namespace {
-
-QLineEdit* addLine(QWidget* form, const char* name)
-{
-    auto* line = new QLineEdit(form);
-    line->setObjectName(QLatin1String(name));
-    return line;
-}
-
-} // namespace
-
 struct FichaForm::Combo {
     TextKeyCombo box;
     QString statement;
@@ -55,7 +25,7 @@ struct FichaForm::Combo {
 };
 
 FichaForm::FichaForm(const QString& table, QWidget* parent)
-    : Form(parent), txtId(addLine(this, "txtId")), txtDes(addLine(this, "txtDes")),
+    : Form(parent), txtId(ui::textField(this, "txtId")), txtDes(ui::textField(this, "txtDes")),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
       cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar"))), table(table),
       fields_(new QFormLayout)
@@ -161,11 +131,6 @@ QWidget* FichaForm::firstField() const
     // The row under Código and the hidden Descripción.
     QLayoutItem* item = fields_->rowCount() > 2 ? fields_->itemAt(2, QFormLayout::FieldRole) : nullptr;
     return item && item->widget() ? item->widget() : txtId;
-}
-
-QString FichaForm::Texto(const QVariant& value)
-{
-    return vb::IsNull(value) ? QString() : vb::CStr(value);
 }
 
 void FichaForm::Form_Activate()

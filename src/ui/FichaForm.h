@@ -21,6 +21,7 @@
 // loadStatement and releaseRecordsets are the other hooks. A table without a
 // description drops its row with dropDescription().
 #include "db/Recordset.h"
+#include "ui/Controls.h"
 #include "ui/Form.h"
 
 #include <QString>
@@ -36,14 +37,6 @@ class QComboBox;
 class QFormLayout;
 class QLineEdit;
 class QPushButton;
-
-namespace ui {
-// A command button named as its control, for the list and entry forms.
-QPushButton* commandButton(QWidget* form, const char* name, const QString& caption);
-// A combo box named as its control, wide enough for at least that many
-// characters when a number is given.
-QComboBox* comboBox(QWidget* form, const char* name, int minimumChars = 0);
-} // namespace ui
 
 class FichaForm : public Form {
     Q_OBJECT
@@ -66,7 +59,7 @@ public:
     void cmdCancelar_Click();
 
     // A Null shown as empty text.
-    static QString Texto(const QVariant& value);
+    static QString Texto(const QVariant& value) { return ui::displayText(value); }
 
 protected:
     // A labelled row under Código and Descripción, in tab order. The label

@@ -222,12 +222,6 @@ private:
 
 namespace ui {
 
-// The fill of a list screen: clear; with no records two rows and nothing else;
-// otherwise bind, set the widths (twips, from column 0) and the titles of row 0
-// (from column 0), align columns and titles left, stripe the rows and go to
-// row 1, column 1. Redraw is off while striping.
-void fillList(FlexGrid& grid, db::Recordset& rs, const QList<int>& widths, const QStringList& titles,
-              bool rowNumbers = false);
 // The striping alone: gColor on even rows, white on odd ones, from firstCol to
 // the last column.
 void stripeRows(FlexGrid& grid, int firstCol = 1);

@@ -188,32 +188,6 @@ void FlexGrid::bindRecordset(db::Recordset& rs, int firstCol, bool rowNumbers)
 
 namespace ui {
 
-void fillList(FlexGrid& grid, db::Recordset& rs, const QList<int>& widths, const QStringList& titles, bool rowNumbers)
-{
-    grid.Clear();
-    if (rs.RecordCount() == 0) {
-        grid.setRows(2);
-        return;
-    }
-    grid.setRedraw(false);
-    // The columns and their alignment before the rows, so that each cell is
-    // made aligned rather than aligned afterwards.
-    grid.setCols(rs.FieldCount() + 1);
-    for (int c = 0; c < grid.Cols(); ++c) {
-        grid.setColAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-        grid.setFixedAlignment(c, Qt::AlignLeft | Qt::AlignVCenter);
-    }
-    grid.bindRecordset(rs, 1, rowNumbers);
-    for (int c = 0; c < widths.size() && c < grid.Cols(); ++c)
-        grid.setColWidth(c, widths[c]);
-    for (int c = 0; c < titles.size() && c < grid.Cols(); ++c)
-        grid.setTextMatrix(0, c, titles[c]);
-    stripeRows(grid, 1);
-    grid.setRow(1);
-    grid.setCol(1);
-    grid.setRedraw(true);
-}
-
 void stripeRows(FlexGrid& grid, int firstCol)
 {
     const QColor even = colorFromVariant(gColor);

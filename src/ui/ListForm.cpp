@@ -54,13 +54,17 @@ ListForm::~ListForm() = default;
 
 void ListForm::setColumns(const QList<int>& widths, const QStringList& titles)
 {
-    widths_ = widths;
-    titles_ = titles;
+    setColumns(ui::GridColumns::fromLists(widths, titles));
+}
+
+void ListForm::setColumns(const ui::GridColumns& columns)
+{
+    columns_ = columns;
     // Room for every visible column, the frame and a vertical scroll bar, and
     // for a dozen rows.
     int pixels = 0;
-    for (int c = 0; c < widths.size(); ++c)
-        pixels += mshDatos->twipsToPixels(std::max(widths[c], titleTwips(c)));
+    for (int c = 0; c < columns_.count(); ++c)
+        pixels += mshDatos->twipsToPixels(std::max(columns_.widthOf(*mshDatos, c), titleTwips(c)));
     pixels += 2 * mshDatos->frameWidth() + mshDatos->verticalScrollBar()->sizeHint().width() + 4;
     mshDatos->setMinimumSize(pixels, 12 * mshDatos->fontMetrics().height() + 60);
 }
@@ -73,10 +77,7 @@ void ListForm::addButton(QPushButton* button)
 
 int ListForm::titleTwips(int col) const
 {
-    if (col < 1 || col >= widths_.size() || col >= titles_.size() || widths_[col] <= 0 || titles_[col].isEmpty())
-        return 0;
-    const QFontMetrics metrics = mshDatos->horizontalHeader()->fontMetrics();
-    return mshDatos->pixelsToTwips(metrics.horizontalAdvance(titles_[col]) + 10);
+    return col < 1 ? 0 : columns_.titleTwips(*mshDatos, col);
 }
 
 void ListForm::Form_Activate()
@@ -90,7 +91,7 @@ void ListForm::Rellenar()
 {
     rs.Close();
     rs.Open(strSql, gConexion);
-    ui::fillList(*mshDatos, rs, widths_, titles_, rowNumbers);
+    ui::fillList(*mshDatos, rs, columns_, rowNumbers);
     fitTitles();
 }
 
@@ -105,8 +106,8 @@ void ListForm::fitTitles()
 int ListForm::lastVisibleCol() const
 {
     int last = 1;
-    for (int c = 1; c < widths_.size(); ++c)
-        if (widths_[c] > 0)
+    for (int c = 1; c < columns_.count(); ++c)
+        if (columns_.widthOf(*mshDatos, c) > 0)
             last = c;
     return std::min(last, mshDatos->Cols() - 1);
 }

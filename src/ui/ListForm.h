@@ -25,6 +25,7 @@
 // sobreFila(), as the edit button does.
 #include "db/Recordset.h"
 #include "ui/Form.h"
+#include "ui/GridShape.h"
 
 #include <QList>
 #include <QString>
@@ -78,6 +79,9 @@ protected:
     // Widths in twips and titles, both from column 0 (the narrow fixed
     // column, which has no title). A width of 0 hides the column.
     void setColumns(const QList<int>& widths, const QStringList& titles);
+    // The columns as the grid's description, for a list that wants more
+    // (alignments, shares of the width).
+    void setColumns(const ui::GridColumns& columns);
 
     // Another button in the column of buttons, above cmdSalir.
     void addButton(QPushButton* button);
@@ -108,6 +112,5 @@ private:
 
     std::function<std::unique_ptr<FichaForm>()> makeFicha_;
     QVBoxLayout* buttons_;
-    QList<int> widths_;
-    QStringList titles_;
+    ui::GridColumns columns_;
 };

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QQueue>
 
@@ -69,7 +70,17 @@ int showBox(const QString& text, int flags, const QString& title)
     for (const auto& [button, result] : buttons)
         if (result == vbCancel)
             box.setEscapeButton(button);
+    // The window that asked takes the keyboard back, with the field that had
+    // it: a box answered while its window closes would leave no window with
+    // the focus, and Escape would then reach none.
+    const QPointer<QWidget> asker = QApplication::activeWindow();
+    const QPointer<QWidget> field = QApplication::focusWidget();
     box.exec();
+    if (asker && asker->isVisible()) {
+        asker->activateWindow();
+        if (field && field->window() == asker)
+            field->setFocus();
+    }
     for (const auto& [button, result] : buttons)
         if (box.clickedButton() == button)
             return result;

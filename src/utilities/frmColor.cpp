@@ -2,38 +2,29 @@
 
 #include "core/Modulo.h"
 #include "ui/Colors.h"
+#include "ui/Controls.h"
 #include "ui/Dialogs.h"
-#include "ui/FichaForm.h"
 #include "utilities/ConfigLine.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
-
-QPushButton* colorButton(QWidget* form, const char* name, const QString& caption)
-{
-    QPushButton* button = ui::commandButton(form, name, caption);
-    button->setAutoDefault(false);
-    button->setMinimumSize(420, 64);
-    QFont f = button->font();
-    f.setBold(true);
-    button->setFont(f);
-    return button;
-}
-
-} // namespace
-
 frmColor::frmColor(QWidget* parent)
-    : Form(parent), cmdColor1(colorButton(this, "cmdColor1",
-                                          QStringLiteral("Color principal para las fichas y cuadrículas de datos."))),
-      cmdColor2(colorButton(this, "cmdColor2", QStringLiteral("Color de fondo para las secciones de datos."))),
+    : Form(parent), cmdColor1(ui::commandButton(
+                        this, "cmdColor1", QStringLiteral("Color principal para las fichas y cuadrículas de datos."))),
+      cmdColor2(ui::commandButton(this, "cmdColor2", QStringLiteral("Color de fondo para las secciones de datos."))),
       cmdAceptar(ui::commandButton(this, "cmdAceptar", QStringLiteral("&Aceptar"))),
       cmdCancelar(ui::commandButton(this, "cmdCancelar", QStringLiteral("&Cancelar")))
 {
     setObjectName(QStringLiteral("frmColor"));
     setCaption(QStringLiteral("Colores"));
+    // Two large buttons, neither pressed by Enter from elsewhere.
+    for (QPushButton* button : {cmdColor1, cmdColor2}) {
+        button->setAutoDefault(false);
+        button->setMinimumSize(420, 64);
+        ui::setBold(button);
+    }
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch(1);

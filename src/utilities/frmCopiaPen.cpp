@@ -2,7 +2,7 @@
 
 #include "core/Modulo.h"
 #include "ui/Colors.h"
-#include "ui/FichaForm.h"
+#include "ui/Controls.h"
 #include "ui/MsgBox.h"
 #include "utilities/DatabaseCopy.h"
 

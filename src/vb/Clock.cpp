@@ -1,5 +1,7 @@
 #include "vb/Clock.h"
 
+#include <QThread>
+
 #include <optional>
 
 namespace vb {
@@ -10,6 +12,12 @@ std::optional<QDateTime>& fixedMoment()
 {
     static std::optional<QDateTime> moment;
     return moment;
+}
+
+QList<int>*& pauseRecord()
+{
+    static QList<int>* record = nullptr;
+    return record;
 }
 
 } // namespace
@@ -27,6 +35,19 @@ void Clock::setFixed(const QDateTime& moment)
 void Clock::reset()
 {
     fixedMoment().reset();
+}
+
+void Clock::pause(int ms)
+{
+    if (pauseRecord())
+        pauseRecord()->append(ms);
+    else
+        QThread::msleep(ms);
+}
+
+void Clock::recordPauses(QList<int>* into)
+{
+    pauseRecord() = into;
 }
 
 } // namespace vb

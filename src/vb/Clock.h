@@ -5,8 +5,17 @@
 //     vb::Clock::setFixed(QDateTime(QDate(2025, 3, 5), QTime(10, 30)));
 //     ...
 //     vb::Clock::reset();
+//
+// A pause of the program goes through here too, so that a test can see the
+// pause asked for instead of waiting it:
+//
+//     QList<int> pauses;
+//     vb::Clock::recordPauses(&pauses);   // pause(3000) appends 3000
+//     ...
+//     vb::Clock::recordPauses(nullptr);   // pauses wait again
 #include <QDate>
 #include <QDateTime>
+#include <QList>
 
 namespace vb {
 
@@ -16,6 +25,10 @@ public:
     static QDate today() { return now().date(); }
     static void setFixed(const QDateTime& moment);
     static void reset();
+
+    // Waits that many milliseconds, or records them when a test asks.
+    static void pause(int ms);
+    static void recordPauses(QList<int>* into);
 };
 
 } // namespace vb

@@ -1,5 +1,7 @@
 #include "vb/Vb.h"
 
+#include "vb/Values.h"
+
 #include <QDateTime>
 #include <QRegularExpression>
 #include <QTime>
@@ -628,6 +630,23 @@ double Divide(double a, double b)
 }
 
 // ---- Numbers
+
+bool holdsNumber(const QVariant& v, bool countBoolean)
+{
+    switch (v.typeId()) {
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+    case QMetaType::Float:
+        return true;
+    case QMetaType::Bool:
+        return countBoolean;
+    default:
+        return false;
+    }
+}
 
 bool IsNumeric(const QVariant& v)
 {

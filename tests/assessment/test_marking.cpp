@@ -125,10 +125,10 @@ private slots:
         QCOMPARE(g.Col(), 1);
         QCOMPARE(f.NotasEncontradas(), 3);
         QCOMPARE(gridtext::row(*f.mshEstatistica, 0), (QStringList{"IN", "SF", "BE", "NT", "SB", "Correción"}));
-        for (int b = 0; b < bandas::Count; ++b)
-            QCOMPARE(f.mshEstatistica->CellBackColor(0, b), bandas::color(b));
-        QCOMPARE(bandas::color(bandas::IN), QColor(0xFF, 0x91, 0x91));
-        QCOMPARE(bandas::color(bandas::SB), QColor(0xEB, 0xDE, 0xA0));
+        for (int b = 0; b < bands::Count; ++b)
+            QCOMPARE(f.mshEstatistica->CellBackColor(0, b), bands::colour(b));
+        QCOMPARE(bands::colour(bands::IN), QColor(0xFF, 0x91, 0x91));
+        QCOMPARE(bands::colour(bands::SB), QColor(0xEB, 0xDE, 0xA0));
     }
 
     void aMarkOfZeroIsNeitherColouredNorCountedYetDivides()
@@ -144,10 +144,10 @@ private slots:
     {
         frmEvaluar f;
         open(f, 1, 1, 10);
-        QCOMPARE(f.mshDatos->CellBackColor(1, 0), bandas::color(bandas::IN));
-        QCOMPARE(f.mshDatos->CellBackColor(2, 0), bandas::color(bandas::NT));
-        QCOMPARE(statistics(f)[bandas::SF], QStringLiteral("1 | 33,3%"));
-        QCOMPARE(statistics(f)[bandas::IN], QStringLiteral("-"));
+        QCOMPARE(f.mshDatos->CellBackColor(1, 0), bands::colour(bands::IN));
+        QCOMPARE(f.mshDatos->CellBackColor(2, 0), bands::colour(bands::NT));
+        QCOMPARE(statistics(f)[bands::SF], QStringLiteral("1 | 33,3%"));
+        QCOMPARE(statistics(f)[bands::IN], QStringLiteral("-"));
     }
 
     void aMarkOf5_995IsColouredSfAndCountedNowhereAndOneAboveTheMaximumIsNeither()
@@ -156,8 +156,8 @@ private slots:
         open(f, 2, 1, 5); // Deberes, Max 5: 2,9975 -> 5.995; 4,75 -> 9.5; 6 -> 12
         const FlexGrid& g = *f.mshDatos;
         QCOMPARE(g.TextMatrix(1, 3), QStringLiteral("2,9975"));
-        QCOMPARE(g.CellBackColor(1, 0), bandas::color(bandas::SF));
-        QCOMPARE(g.CellBackColor(2, 0), bandas::color(bandas::SB));
+        QCOMPARE(g.CellBackColor(1, 0), bands::colour(bands::SF));
+        QCOMPARE(g.CellBackColor(2, 0), bands::colour(bands::SB));
         QCOMPARE(g.TextMatrix(3, 3), QStringLiteral("6"));
         QVERIFY(!coloured(g, 3));
         QCOMPARE(statistics(f), (QStringList{"-", "-", "-", "-", "1 | 33,3%", "3/3"}));
@@ -166,9 +166,9 @@ private slots:
     void theColoursUseValorMaximoAndTheCountsTheTypeOfTheTask()
     {
         frmEvaluar f;
-        open(f, 1, 1, 5);                                                     // the type says 10
-        QCOMPARE(f.mshDatos->CellBackColor(1, 0), bandas::color(bandas::SB)); // 4,9995 / 5 * 10
-        QVERIFY(!coloured(*f.mshDatos, 2));                                   // 7,5 / 5 * 10 = 15
+        open(f, 1, 1, 5);                                                    // the type says 10
+        QCOMPARE(f.mshDatos->CellBackColor(1, 0), bands::colour(bands::SB)); // 4,9995 / 5 * 10
+        QVERIFY(!coloured(*f.mshDatos, 2));                                  // 7,5 / 5 * 10 = 15
         QCOMPARE(statistics(f), (QStringList{"-", "1 | 33,3%", "-", "1 | 33,3%", "-", "3/3"}));
     }
 
@@ -181,7 +181,7 @@ private slots:
         QCOMPARE(g.TextMatrix(1, 3), QStringLiteral("-2"));
         QVERIFY(coloured(g, 1));
         QCOMPARE(g.CellBackColor(1, 0), ui::buttonFace());
-        QCOMPARE(g.CellBackColor(2, 0), bandas::color(bandas::IN)); // 2 / 5 * 10 = 4
+        QCOMPARE(g.CellBackColor(2, 0), bands::colour(bands::IN)); // 2 / 5 * 10 = 4
         QCOMPARE(statistics(f), (QStringList{"1 | 50,0%", "-", "-", "-", "-", "2/3"}));
     }
 
@@ -266,7 +266,7 @@ private slots:
         QCOMPARE(shown, QStringLiteral("4,9995"));
         QCOMPARE(value(QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 2")).toFloat(), 9.5f);
         QCOMPARE(f.mshDatos->TextMatrix(1, 3), QStringLiteral("9,5"));
-        QCOMPARE(f.mshDatos->CellBackColor(1, 0), bandas::color(bandas::SB));
+        QCOMPARE(f.mshDatos->CellBackColor(1, 0), bands::colour(bands::SB));
         QCOMPARE(statistics(f), (QStringList{"-", "-", "-", "1 | 33,3%", "1 | 33,3%", "3/3"}));
         QCOMPARE(f.mshDatos->Row(), 1);
         QCOMPARE(gFilaActual, 1);
@@ -293,7 +293,7 @@ private slots:
             value(QStringLiteral("SELECT Nota FROM tblNotas WHERE Id = 18 AND IdTarea = 6 AND IdAlu = 3")).toFloat(),
             6.0f);
         QCOMPARE(gridtext::row(*f.mshDatos, 3).mid(2, 4), (QStringList{"PÉREZ CASTRO UXÍA", "6", "Recuperada", "18"}));
-        QCOMPARE(f.mshDatos->CellBackColor(3, 0), bandas::color(bandas::BE));
+        QCOMPARE(f.mshDatos->CellBackColor(3, 0), bands::colour(bands::BE));
         QCOMPARE(statistics(f), (QStringList{"-", "1 | 33,3%", "1 | 33,3%", "1 | 33,3%", "-", "3/3"}));
         QCOMPARE(f.mshDatos->Row(), 3);
     }
@@ -371,8 +371,8 @@ private slots:
         FlexGrid& g = *f.mshDatos;
         clickTitle(g, 3);
         QCOMPARE(gridtext::column(g, 3), (QStringList{"0", "4,9995", "7,5"}));
-        QCOMPARE(g.CellBackColor(2, 0), bandas::color(bandas::IN)); // the colour goes with its row
-        QCOMPARE(g.CellBackColor(3, 0), bandas::color(bandas::NT));
+        QCOMPARE(g.CellBackColor(2, 0), bands::colour(bands::IN)); // the colour goes with its row
+        QCOMPARE(g.CellBackColor(3, 0), bands::colour(bands::NT));
         QCOMPARE(g.CellBackColor(1, 2), ui::white());
         QCOMPARE(g.CellBackColor(2, 2), kStripe);
         clickTitle(g, 3);
@@ -387,12 +387,12 @@ private slots:
     void theReportsPaintTheBandsInTheColoursOfTheGrid()
     {
         const QString style = reports::ReportDocument::houseStyle();
-        for (int b = 0; b < bandas::Count; ++b) {
+        for (int b = 0; b < bands::Count; ++b) {
             const QString rule =
-                QStringLiteral("td.band%1 { background-color: %2;").arg(bandas::nome(b), bandas::color(b).name());
+                QStringLiteral("td.band%1 { background-color: %2;").arg(bands::name(b), bands::colour(b).name());
             QVERIFY2(style.contains(rule), qPrintable(rule));
         }
-        QCOMPARE(bandas::color(bandas::BE).name(), QStringLiteral("#6d80e2")); // blue on screen and on paper
+        QCOMPARE(bands::colour(bands::BE).name(), QStringLiteral("#6d80e2")); // blue on screen and on paper
     }
 
     void theSortedTitleShowsTheArrowOfItsDirection()

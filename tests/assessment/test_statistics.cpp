@@ -13,6 +13,7 @@
 #include "support/ModalForm.h"
 #include "support/ReportFixture.h"
 #include "support/ScreenHarness.h"
+#include "support/YearBuilder.h"
 #include "ui/Colors.h"
 
 #include <QBarCategoryAxis>
@@ -29,49 +30,15 @@ namespace {
 
 const QColor kStripe(192, 192, 192); // gColor " 12632256 "
 
-// Three groups of one year: "5º Primaria - A" with eight students, "1º ESO -
-// B" with three, "1º ESO - C" with one; two evaluations and four subjects. No
-// marks: each test puts in the marks of its case.
-const char* const kFrame[] = {
-    "INSERT INTO tblNiveles (Id, Des) VALUES (1, 'Primaria')",
-    "INSERT INTO tblNiveles (Id, Des) VALUES (2, 'ESO')",
-    "INSERT INTO tblCursos (Id, Des, IdNivel) VALUES (1, '5º', 1)",
-    "INSERT INTO tblCursos (Id, Des, IdNivel) VALUES (2, '1º', 2)",
-    "INSERT INTO tblGrupos (Id, Des, IdCurso, Tit) VALUES (1, 'A', 1, False)",
-    "INSERT INTO tblGrupos (Id, Des, IdCurso, Tit) VALUES (2, 'B', 2, False)",
-    "INSERT INTO tblGrupos (Id, Des, IdCurso, Tit) VALUES (3, 'C', 2, False)",
-    "INSERT INTO tblEvaluaciones (Id, Des) VALUES (1, '1ª Avaliación')",
-    "INSERT INTO tblEvaluaciones (Id, Des) VALUES (2, '2ª Avaliación')",
-    "INSERT INTO tblMaterias (Id, Des) VALUES (1, 'Lingua')",
-    "INSERT INTO tblMaterias (Id, Des) VALUES (2, 'Matemáticas')",
-    "INSERT INTO tblMaterias (Id, Des) VALUES (3, 'Inglés')",
-    "INSERT INTO tblMaterias (Id, Des) VALUES (4, 'Música')",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (1, 'Abal', 'Ana', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (2, 'Barros', 'Brais', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (3, 'Castro', 'Carme', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (4, 'Dopico', 'Diego', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (5, 'Eiras', 'Eva', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (6, 'Fraga', 'Fiz', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (7, 'Outeiro', 'Olalla', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (8, 'Pena', 'Pía', 1, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (9, 'Gil', 'Gael', 2, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (10, 'Lema', 'Iria', 2, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (11, 'Mato', 'Noa', 2, False)",
-    "INSERT INTO tblAlumnos (Id, Ape, Nom, Grupo, AV) VALUES (12, 'Novo', 'Uxía', 3, False)",
-};
+// A mark as the cases write it: "Null" or a number with a point.
+QVariant nota(const QString& text)
+{
+    return text == QLatin1String("Null") ? QVariant() : QVariant(text.toDouble());
+}
 
 const QString kGrupoA = QStringLiteral("5º Primaria - A");
 const QString kGrupoB = QStringLiteral("1º ESO - B");
 const QString kGrupoC = QStringLiteral("1º ESO - C");
-
-// A choice made by the teacher in a box: the entry selected, then its click.
-void pick(QComboBox* box, const QString& text)
-{
-    const int index = box->findText(text);
-    QVERIFY2(index >= 0, qPrintable(text));
-    box->setCurrentIndex(index);
-    emit box->activated(index);
-}
 
 // The count cells of each row, "<subject>: IN SF BE NT SB".
 QStringList counts(const frmEstatisticas& f)
@@ -95,35 +62,46 @@ class TestStatistics : public QObject {
     Q_OBJECT
 
     ScreenYear session_;
-    int nextEval_ = 1;
-    int nextFinal_ = 1;
 
+    // Three groups of one year: "5º Primaria - A" with eight students (keys 1
+    // to 8), "1º ESO - B" with three (9 to 11), "1º ESO - C" with one (12);
+    // two evaluations and four subjects. No marks: each test puts in the
+    // marks of its case.
     void frame()
     {
-        for (const char* sql : kFrame)
-            gConexion->Execute(QString::fromUtf8(sql));
+        YearBuilder y;
+        const qint32 primaria = y.course(QStringLiteral("5º"), y.level(QStringLiteral("Primaria")));
+        const qint32 eso = y.course(QStringLiteral("1º"), y.level(QStringLiteral("ESO")));
+        const qint32 a = y.group(QStringLiteral("A"), primaria);
+        const qint32 b = y.group(QStringLiteral("B"), eso);
+        const qint32 c = y.group(QStringLiteral("C"), eso);
+        for (const char* eval : {"1ª Avaliación", "2ª Avaliación"})
+            y.evaluation(QString::fromUtf8(eval));
+        for (const char* mat : {"Lingua", "Matemáticas", "Inglés", "Música"})
+            y.subject(QString::fromUtf8(mat));
+        const std::pair<const char*, const char*> grupoA[] = {
+            {"Abal", "Ana"},  {"Barros", "Brais"}, {"Castro", "Carme"},   {"Dopico", "Diego"},
+            {"Eiras", "Eva"}, {"Fraga", "Fiz"},    {"Outeiro", "Olalla"}, {"Pena", "Pía"}};
+        for (const auto& [ape, nom] : grupoA)
+            y.student(QString::fromUtf8(ape), QString::fromUtf8(nom), a);
+        for (const auto& [ape, nom] : {std::pair{"Gil", "Gael"}, std::pair{"Lema", "Iria"}, std::pair{"Mato", "Noa"}})
+            y.student(QString::fromUtf8(ape), QString::fromUtf8(nom), b);
+        y.student(QStringLiteral("Novo"), QStringLiteral("Uxía"), c);
     }
 
     void finalMark(int alu, int mat, const QString& notaO, const QString& notaE = QStringLiteral("Null"))
     {
-        gConexion->Execute(QStringLiteral("INSERT INTO tblNotasFinal (Id, IdMat, IdAlu, NotaO, NotaE) VALUES (%1, %2, "
-                                          "%3, %4, %5)")
-                               .arg(nextFinal_++)
-                               .arg(mat)
-                               .arg(alu)
-                               .arg(notaO, notaE));
+        YearBuilder().finalMark(alu, mat, nota(notaO), nota(notaE));
     }
 
-    void evalMark(int eval, int alu, int mat, const QString& nota, bool recuperar = false,
+    void evalMark(int eval, int alu, int mat, const QString& notaEval, bool recuperar = false,
                   const QString& notaRec = QStringLiteral("Null"))
     {
-        gConexion->Execute(QStringLiteral("INSERT INTO tblNotasEval (Id, IdEval, IdMat, IdAlu, Nota, Recuperar, "
-                                          "NotaRec, Recuperado) VALUES (%1, %2, %3, %4, %5, %6, %7, False)")
-                               .arg(nextEval_++)
-                               .arg(eval)
-                               .arg(mat)
-                               .arg(alu)
-                               .arg(nota, recuperar ? QStringLiteral("True") : QStringLiteral("False"), notaRec));
+        YearBuilder y;
+        if (recuperar)
+            y.recovery(alu, eval, mat, nota(notaEval), nota(notaRec));
+        else
+            y.evaluationMark(alu, eval, mat, nota(notaEval));
     }
 
     // The same marks, one per student of group A from the first, in the
@@ -153,18 +131,14 @@ class TestStatistics : public QObject {
     // Group, kind and period chosen as the teacher does, then "Calcular".
     void compute(frmEstatisticas& f, const QString& grupo, const QString& notas, const QString& avaliacion)
     {
-        pick(f.cmbGrupo, grupo);
-        pick(f.cmbNotas, notas);
-        pick(f.cmbAvaliacion, avaliacion);
+        gridtext::pick(f.cmbGrupo, grupo);
+        gridtext::pick(f.cmbNotas, notas);
+        gridtext::pick(f.cmbAvaliacion, avaliacion);
         click(f.cmdCalcular);
     }
 
 private slots:
-    void init()
-    {
-        session_.start(TempYear::Fill::Empty);
-        nextEval_ = nextFinal_ = 1;
-    }
+    void init() { session_.start(TempYear::Fill::Empty); }
 
     void cleanup() { session_.finish(); }
 
@@ -221,15 +195,15 @@ private slots:
         frame();
         frmEstatisticas f;
         open(f);
-        pick(f.cmbNotas, QStringLiteral("Avaliación"));
+        gridtext::pick(f.cmbNotas, QStringLiteral("Avaliación"));
         QCOMPARE(gridtext::items(*f.cmbAvaliacion),
                  (QStringList{QStringLiteral("1ª Avaliación"), QStringLiteral("2ª Avaliación")}));
         QCOMPARE(f.cmbAvaliacion->currentText(), QStringLiteral("1ª Avaliación"));
-        pick(f.cmbAvaliacion, QStringLiteral("2ª Avaliación"));
-        pick(f.cmbNotas, QStringLiteral("Recuperación"));
+        gridtext::pick(f.cmbAvaliacion, QStringLiteral("2ª Avaliación"));
+        gridtext::pick(f.cmbNotas, QStringLiteral("Recuperación"));
         QCOMPARE(f.cmbAvaliacion->count(), 2);
         QCOMPARE(f.cmbAvaliacion->currentText(), QStringLiteral("1ª Avaliación"));
-        pick(f.cmbNotas, QStringLiteral("Finais"));
+        gridtext::pick(f.cmbNotas, QStringLiteral("Finais"));
         QCOMPARE(gridtext::items(*f.cmbAvaliacion),
                  (QStringList{QStringLiteral("Ordinaria"), QStringLiteral("Extraordinaria")}));
         QCOMPARE(f.cmbAvaliacion->currentText(), QStringLiteral("Ordinaria"));
@@ -241,7 +215,7 @@ private slots:
         gConexion->Execute(QStringLiteral("DELETE * FROM tblEvaluaciones"));
         frmEstatisticas f;
         open(f);
-        pick(f.cmbNotas, QStringLiteral("Avaliación"));
+        gridtext::pick(f.cmbNotas, QStringLiteral("Avaliación"));
         QCOMPARE(gridtext::items(*f.cmbAvaliacion),
                  (QStringList{QStringLiteral("Ordinaria"), QStringLiteral("Extraordinaria")}));
         QCOMPARE(f.cmbAvaliacion->currentText(), QStringLiteral("Ordinaria"));
@@ -423,24 +397,24 @@ private slots:
         using F = frmEstatisticas;
         const QString avaliacion = QStringLiteral("Avaliación");
         const QString recuperacion = QStringLiteral("Recuperación");
-        QCOMPARE(F::sqlConteo(avaliacion, QStringLiteral("Ordinaria"), bandas::IN, 4, 2, 7),
+        QCOMPARE(F::sqlConteo(avaliacion, QStringLiteral("Ordinaria"), bands::IN, 4, 2, 7),
                  QStringLiteral("SELECT tblNotasFinal.NotaO FROM tblNotasFinal INNER JOIN tblAlumnos ON "
                                 "tblNotasFinal.IdAlu = tblAlumnos.Id Where tblAlumnos.Grupo = 4 And "
                                 "tblNotasFinal.IdMat = 7 AND tblNotasFinal.NotaO BETWEEN 0.000 AND 4.99"));
-        QCOMPARE(F::sqlConteo(recuperacion, QStringLiteral("Extraordinaria"), bandas::SB, 4, 2, 7),
+        QCOMPARE(F::sqlConteo(recuperacion, QStringLiteral("Extraordinaria"), bands::SB, 4, 2, 7),
                  QStringLiteral("SELECT tblNotasFinal.NotaE FROM tblNotasFinal INNER JOIN tblAlumnos ON "
                                 "tblNotasFinal.IdAlu = tblAlumnos.Id Where tblAlumnos.Grupo = 4 And "
                                 "tblNotasFinal.IdMat = 7 AND tblNotasFinal.NotaE BETWEEN 8.999 AND 10"));
-        QCOMPARE(F::sqlConteo(recuperacion, QStringLiteral("1ª Avaliación"), bandas::SF, 4, 2, 7),
+        QCOMPARE(F::sqlConteo(recuperacion, QStringLiteral("1ª Avaliación"), bands::SF, 4, 2, 7),
                  QStringLiteral("SELECT tblNotasEval.NotaRec FROM tblNotasEval INNER JOIN tblAlumnos ON "
                                 "tblNotasEval.IdAlu = tblAlumnos.Id WHERE tblNotasEval.NotaRec BETWEEN 4.999 AND 5.99 "
                                 "AND tblAlumnos.Grupo= 4 AND tblNotasEval.IdEval= 2 AND tblNotasEval.IdMat=7 AND "
                                 "tblNotasEval.Recuperar = True"));
-        QCOMPARE(F::sqlConteo(avaliacion, QStringLiteral("1ª Avaliación"), bandas::BE, 4, 2, 7),
+        QCOMPARE(F::sqlConteo(avaliacion, QStringLiteral("1ª Avaliación"), bands::BE, 4, 2, 7),
                  QStringLiteral("SELECT tblNotasEval.Nota FROM tblNotasEval INNER JOIN tblAlumnos ON "
                                 "tblNotasEval.IdAlu = tblAlumnos.Id WHERE tblNotasEval.Nota BETWEEN 5.999 AND 6.99 AND "
                                 "tblAlumnos.Grupo= 4 AND tblNotasEval.IdEval= 2 AND tblNotasEval.IdMat=7"));
-        QVERIFY(F::sqlConteo(avaliacion, QStringLiteral("x"), bandas::NT, 4, 2, 7)
+        QVERIFY(F::sqlConteo(avaliacion, QStringLiteral("x"), bands::NT, 4, 2, 7)
                     .contains(QStringLiteral("tblNotasEval.Nota BETWEEN 6.999 AND 8.99 AND")));
     }
 
@@ -471,12 +445,12 @@ private slots:
         click(f.cmdCalcular);
         const QStringList before{QStringLiteral("Lingua: 0 0 0 1 0")};
         QCOMPARE(counts(f), before);
-        pick(f.cmbGrupo, kGrupoB);
-        pick(f.cmbNotas, QStringLiteral("Avaliación"));
-        pick(f.cmbAvaliacion, QStringLiteral("2ª Avaliación"));
+        gridtext::pick(f.cmbGrupo, kGrupoB);
+        gridtext::pick(f.cmbNotas, QStringLiteral("Avaliación"));
+        gridtext::pick(f.cmbAvaliacion, QStringLiteral("2ª Avaliación"));
         QCOMPARE(counts(f), before);
         QCOMPARE(bars(f)->barSets().first()->at(0), 0.0);
-        QCOMPARE(bars(f)->barSets().at(bandas::NT)->at(0), 1.0);
+        QCOMPARE(bars(f)->barSets().at(bands::NT)->at(0), 1.0);
         QCOMPARE(f.IdGrupo(), 1);
     }
 
@@ -521,11 +495,11 @@ private slots:
         QCOMPARE(counts(f), (QStringList{QStringLiteral("Lingua: 1 2 0 0 1"), QStringLiteral("Música: 0 0 0 1 0")}));
         QHorizontalStackedBarSeries* series = bars(f);
         QVERIFY(series);
-        QCOMPARE(series->count(), bandas::Count);
-        for (int b = 0; b < bandas::Count; ++b) {
+        QCOMPARE(series->count(), bands::Count);
+        for (int b = 0; b < bands::Count; ++b) {
             QBarSet* set = series->barSets().at(b);
-            QCOMPARE(set->label(), bandas::nome(b));
-            QCOMPARE(set->color(), bandas::color(b));
+            QCOMPARE(set->label(), bands::name(b));
+            QCOMPARE(set->color(), bands::colour(b));
             // From the bottom up: the last row of the table first.
             QCOMPARE(set->count(), 2);
             for (int r = 1; r <= 2; ++r)
@@ -643,7 +617,6 @@ private slots:
     void informeTakesTheCurrentRow()
     {
         ReportFixture fixture;
-        nextEval_ = 100;
         evalMark(1, 1, 3, QStringLiteral("9")); // Ana, Ciencias Naturales
         frmEstatisticas f;
         open(f);

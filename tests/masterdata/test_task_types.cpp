@@ -25,19 +25,6 @@ namespace {
 
 const QColor kStripe(192, 192, 192); // gColor " 12632256 "
 
-QStringList itemsOf(const QComboBox& box)
-{
-    QStringList texts;
-    for (int i = 0; i < box.count(); ++i)
-        texts << box.itemText(i) + u'=' + box.itemData(i).toString();
-    return texts;
-}
-
-void choose(QComboBox* box, int key)
-{
-    box->setCurrentIndex(box->findData(key));
-}
-
 // A new type from the list's button: the name, the two marks typed key by
 // key, and Aceptar.
 std::shared_ptr<ModalRun> addType(frmTareasTipos& form, const QString& des, const QString& min, const QString& max,
@@ -68,8 +55,8 @@ class TestTaskTypes : public QObject {
     void showLenguaA(frmTareasTipos& form, int typeRow = 1)
     {
         form.show();
-        choose(form.cmbMateria, 1);
-        choose(form.cmbGrupo, 1);
+        gridtext::chooseData(form.cmbMateria, 1);
+        gridtext::chooseData(form.cmbGrupo, 1);
         form.mshDatos->setRow(typeRow);
         click(form.cmdFiltrarValor);
     }
@@ -113,8 +100,9 @@ private slots:
     {
         frmTareasTipos form;
         form.show();
-        QCOMPARE(itemsOf(*form.cmbMateria), (QStringList{"Ciencias Naturales=3", "Lengua=1", "Matemáticas=2"}));
-        QCOMPARE(itemsOf(*form.cmbGrupo), (QStringList{"5º Primaria A=1", "1º ESO B=2", "2º ESO C=3"}));
+        QCOMPARE(gridtext::itemsWithData(*form.cmbMateria),
+                 (QStringList{"Ciencias Naturales=3", "Lengua=1", "Matemáticas=2"}));
+        QCOMPARE(gridtext::itemsWithData(*form.cmbGrupo), (QStringList{"5º Primaria A=1", "1º ESO B=2", "2º ESO C=3"}));
         QCOMPARE(form.cmbMateria->currentIndex(), 0);
         QCOMPARE(form.cmbGrupo->currentIndex(), 0);
     }
@@ -161,7 +149,7 @@ private slots:
     {
         frmTareasTipos form;
         showLenguaA(form);
-        choose(form.cmbMateria, 2); // Matemáticas, 5º Primaria A: no weights at all
+        gridtext::chooseData(form.cmbMateria, 2); // Matemáticas, 5º Primaria A: no weights at all
         click(form.cmdFiltrarValor);
         QCOMPARE(form.mshValor->Rows(), 0);
         QCOMPARE(PesoTipoTarea(1, 1, 2, 1), 0.0f);
@@ -172,8 +160,8 @@ private slots:
         frmTareasTipos form;
         showLenguaA(form);
         QCOMPARE(form.mshValor->Rows(), 3);
-        choose(form.cmbMateria, 3);
-        choose(form.cmbGrupo, 3);
+        gridtext::chooseData(form.cmbMateria, 3);
+        gridtext::chooseData(form.cmbGrupo, 3);
         QCOMPARE(form.mshValor->Rows(), 3);
         QCOMPARE(form.mshValor->TextMatrix(1, 3), QStringLiteral("60"));
         // Another type row refreshes them for what the combos say now.
@@ -183,8 +171,8 @@ private slots:
         QCOMPARE(form.mshValor->Rows(), 2);
         QCOMPARE(form.mshValor->TextMatrix(1, 3), QStringLiteral("100"));
         // And so does Filtrar.
-        choose(form.cmbMateria, 2);
-        choose(form.cmbGrupo, 2);
+        gridtext::chooseData(form.cmbMateria, 2);
+        gridtext::chooseData(form.cmbGrupo, 2);
         QCOMPARE(form.mshValor->TextMatrix(1, 3), QStringLiteral("100"));
         click(form.cmdFiltrarValor);
         QCOMPARE(form.mshValor->TextMatrix(1, 3), QStringLiteral("70"));

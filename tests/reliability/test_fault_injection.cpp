@@ -5,6 +5,7 @@
 #include "FaultVfs.h"
 #include "db/BoundStatement.h"
 #include "db/Connection.h"
+#include "support/Files.h"
 #include "support/TempYear.h"
 #include "utilities/DatabaseCopy.h"
 #include "vb/RuntimeError.h"
@@ -39,17 +40,8 @@ QString contents(const QString& path)
     return text;
 }
 
-QString integrity(const QString& path)
-{
-    const db::ConnectionPtr cn = db::Connection::Open(path);
-    return db::BoundStatement(*cn, QStringLiteral("PRAGMA integrity_check")).rows().value(0).value(0).toString();
-}
-
-QByteArray bytesOf(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
+using files::bytesOf;
+using files::integrity;
 
 // Names in a folder that a finished operation must not leave behind.
 QStringList leftovers(const QString& folder)

@@ -7,6 +7,7 @@
 #include "core/Modulo.h"
 #include "db/BoundStatement.h"
 #include "db/Connection.h"
+#include "support/Files.h"
 #include "support/TempYear.h"
 #include "utilities/DatabaseCopy.h"
 
@@ -26,17 +27,8 @@ int trials()
     return ok && n > 0 ? n : 20;
 }
 
-QByteArray bytesOf(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QString integrity(const QString& path)
-{
-    const db::ConnectionPtr cn = db::Connection::Open(path);
-    return db::BoundStatement(*cn, QStringLiteral("PRAGMA integrity_check")).rows().value(0).value(0).toString();
-}
+using files::bytesOf;
+using files::integrity;
 
 int marks(const QString& path)
 {

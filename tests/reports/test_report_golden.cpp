@@ -11,6 +11,7 @@
 #include "reports/engine/Report.h"
 #include "reports/engine/ReportErrors.h"
 #include "reports/viewers/ReportViewer.h"
+#include "support/Files.h"
 #include "support/ReportFixture.h"
 #include "ui/MsgBox.h"
 
@@ -83,15 +84,7 @@ QString goldenPath(const QString& report)
     return QStringLiteral(CADERNIA_SOURCE_DIR "/tests/reports/golden/") + report + QStringLiteral(".txt");
 }
 
-QString pdfText(const QString& pdf)
-{
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"),
-            {QStringLiteral("-layout"), QStringLiteral("-enc"), QStringLiteral("UTF-8"), pdf, QStringLiteral("-")});
-    if (!p.waitForFinished(30000) || p.exitCode() != 0)
-        return QStringLiteral("<pdftotext failed: %1>").arg(QString::fromUtf8(p.readAllStandardError()));
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
+using files::pdfText;
 
 // The first line that differs, for the failure message.
 QString firstDifference(const QString& expected, const QString& actual)

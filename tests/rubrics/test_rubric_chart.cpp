@@ -55,7 +55,7 @@ private slots:
         // activity 2 holds 8 of 10 and 4 of 10.
         frmTareasRubrica r;
         r.setIdTarea(3);
-        frmGraficoRubrica g(&r);
+        frmGraficoRubrica g(r.Tarea(), &r);
         g.show();
         QCOMPARE(g.Caption(), QStringLiteral("Grafico de Rúbrica"));
         QCOMPARE(g.Etiquetas(), (QStringList{QStringLiteral("1"), QStringLiteral("2")}));
@@ -81,7 +81,7 @@ private slots:
     {
         frmTareasRubrica r;
         r.setIdTarea(1); // one activity, no value stored
-        frmGraficoRubrica g(&r);
+        frmGraficoRubrica g(r.Tarea(), &r);
         g.show();
         QVERIFY(g.Etiquetas().isEmpty());
         QVERIFY(alturas(g).isEmpty());
@@ -109,7 +109,7 @@ private slots:
             gConexion->Execute(QString::fromUtf8(sql));
         frmTareasRubrica r;
         r.setIdTarea(6);
-        frmGraficoRubrica g(&r);
+        frmGraficoRubrica g(r.Tarea(), &r);
         g.show();
         QCOMPARE(g.Etiquetas(),
                  (QStringList{QStringLiteral("b"), QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("d")}));
@@ -122,7 +122,7 @@ private slots:
         gConexion->Execute(QStringLiteral("UPDATE tblTareasRubrica SET Max = 8 WHERE Id = 1"));
         frmTareasRubrica r;
         r.setIdTarea(3);
-        frmGraficoRubrica g(&r);
+        frmGraficoRubrica g(r.Tarea(), &r);
         g.show();
         QCOMPARE(g.Valores().value(0), 7.5);
     }

@@ -168,7 +168,7 @@ private slots:
     {
         frmTareasRubrica form;
         abrir(form);
-        frmTareasRubricaActividad f(&form);
+        frmTareasRubricaActividad f(form.Tarea(), &form);
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
         MsgBox::script({vbOK, vbOK, vbOK});
@@ -199,7 +199,7 @@ private slots:
     {
         frmTareasRubrica form;
         abrir(form);
-        frmTareasRubricaActividad f(&form);
+        frmTareasRubricaActividad f(form.Tarea(), &form);
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
         f.txtNum->setText(QStringLiteral("4"));
@@ -222,7 +222,7 @@ private slots:
     {
         frmTareasRubrica form;
         abrir(form);
-        frmTareasRubricaActividad f(&form);
+        frmTareasRubricaActividad f(form.Tarea(), &form);
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
         teclear(f.txtMax, QStringLiteral("256"));
@@ -238,7 +238,7 @@ private slots:
     {
         frmTareasRubrica form;
         abrir(form);
-        frmTareasRubricaActividad f(&form);
+        frmTareasRubricaActividad f(form.Tarea(), &form);
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
         MsgBox::script({vbOK, vbOK});
@@ -258,7 +258,7 @@ private slots:
     {
         frmTareasRubrica form;
         abrir(form);
-        frmTareasRubricaActividad f(&form);
+        frmTareasRubricaActividad f(form.Tarea(), &form);
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
         QCOMPARE(QApplication::focusWidget(), f.txtNum);

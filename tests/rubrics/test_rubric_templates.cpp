@@ -111,7 +111,7 @@ private slots:
     {
         frmTareasRubrica r;
         rubrica(r, 3, QStringLiteral("Proyecto"));
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         QCOMPARE(f.Caption(), QStringLiteral("RÚBRICAS"));
         QCOMPARE(f.txtCurso->text(), QStringLiteral("2025-26"));
@@ -134,7 +134,7 @@ private slots:
     {
         frmTareasRubrica r;
         rubrica(r, 3, QStringLiteral("Proyecto"));
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         curso(f, kAnterior);
         // Type 7 there, and only the task that has activities.
@@ -157,7 +157,7 @@ private slots:
     {
         frmTareasRubrica r;
         rubrica(r, 1, QStringLiteral("Examen")); // "Exame" in the earlier year
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         QCOMPARE(f.mshDatos->Rows(), 2); // Examen tema 1 in this year
         curso(f, kAnterior);
@@ -174,7 +174,7 @@ private slots:
         gConexion->Execute(QStringLiteral("DELETE * FROM tblTareasRubrica WHERE Id = 4"));
         frmTareasRubrica r;
         rubrica(r, 3, QStringLiteral("Proyecto"));
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         curso(f, kAnterior);
         MsgBox::script({vbYes, vbOK});
@@ -200,7 +200,7 @@ private slots:
     {
         frmTareasRubrica r;
         rubrica(r, 6, QStringLiteral("Examen")); // Examen tema 3, no activities
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         MsgBox::script({vbYes, vbOK});
         elixir(f, 1); // Examen tema 1
@@ -213,7 +213,7 @@ private slots:
     {
         frmTareasRubrica r;
         rubrica(r, 3, QStringLiteral("Proyecto"));
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         MsgBox::setNextAnswer(vbNo);
         emit f.mshDatos->DblClick();
@@ -225,7 +225,7 @@ private slots:
     {
         frmTareasRubrica r;
         rubrica(r, 3, QStringLiteral("Proyecto"));
-        frmRubricas f(&r);
+        frmRubricas f(r.Tarea(), &r);
         f.show();
         QVERIFY(QTest::qWaitForWindowActive(&f));
         f.txtCurso->setFocus();

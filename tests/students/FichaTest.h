@@ -20,8 +20,7 @@ namespace alumnos_test {
 // A column of a student as text; "Null" for a Null.
 inline QString columna(const QString& column, int id)
 {
-    const QVariant v = yearq::value(QStringLiteral("SELECT %1 FROM tblAlumnos WHERE Id = %2").arg(column).arg(id));
-    return v.isNull() ? QStringLiteral("Null") : v.toString();
+    return yearq::field(QStringLiteral("tblAlumnos"), column, id);
 }
 
 // The texts of every message box shown.

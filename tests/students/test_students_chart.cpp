@@ -3,6 +3,7 @@
 #include "MarksTest.h"
 #include "vb/Vb.h"
 
+#include <QLineEdit>
 #include <QPushButton>
 
 #include <QBarCategoryAxis>
@@ -10,6 +11,7 @@
 #include <QBarSet>
 #include <QChart>
 #include <QChartView>
+#include <QLineEdit>
 #include <QListWidget>
 
 using namespace marks_test;
@@ -77,6 +79,21 @@ private slots:
         QCOMPARE(f.lstMat->count(), 0);
         QVERIFY(f.mscGrafico->chart()->series().isEmpty());
         QCOMPARE(items(f.lstTipoGrafico), (QStringList{QStringLiteral("BARRAS"), QStringLiteral("LÍNEAS")}));
+    }
+
+    void movingFromAStudentWithAChartToOneWithoutEmptiesTheChart()
+    {
+        twoEvaluationsTwoSubjects();
+        auto& f = year_.open(1);
+        f.sstDatos->setCurrentWidget(f.tabGrafico);
+        QVERIFY(!f.mscGrafico->chart()->series().isEmpty());
+        QVERIFY(!values(f.mscGrafico).isEmpty());
+        click(f.cmdSeguinte);
+        QCOMPARE(f.txtApe->text(), QStringLiteral("Rey Mato"));
+        QCOMPARE(f.lstEval->count(), 0);
+        QCOMPARE(f.lstMat->count(), 0);
+        QVERIFY(f.mscGrafico->chart()->series().isEmpty());
+        QVERIFY(categories(f.mscGrafico).isEmpty());
     }
 
     void theSeriesHoldsThePointsOfEachEvaluationOfTheYear()

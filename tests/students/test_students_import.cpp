@@ -4,6 +4,7 @@
 #include "AlumnosTest.h"
 #include "students/ImportText.h"
 #include "students/frmComunicacionRecibir.h"
+#include "support/GridText.h"
 #include "ui/Dialogs.h"
 #include "ui/MsgBox.h"
 
@@ -20,22 +21,6 @@ namespace {
 QString sample(const char* name)
 {
     return QStringLiteral(CADERNIA_STUDENTS_DATA "/") + QLatin1String(name);
-}
-
-QStringList itemsOf(const QComboBox* box)
-{
-    QStringList texts;
-    for (int i = 0; i < box->count(); ++i)
-        texts.append(box->itemText(i));
-    return texts;
-}
-
-// A choice made by the user in a box, by its text.
-void choose(QComboBox* box, const QString& text)
-{
-    const int index = box->findText(text);
-    box->setCurrentIndex(index);
-    emit box->activated(index);
 }
 
 // Id, Ape, Nom and Grupo of a student, Null for a Null column.
@@ -63,9 +48,9 @@ class TestStudentsImport : public QObject {
     {
         auto f = std::make_unique<frmComunicacionRecibir>();
         f->show();
-        choose(f->cmbNiveis, QStringLiteral("ESO"));
-        choose(f->cmbCursos, QStringLiteral("1º"));
-        choose(f->cmbGrupos, QStringLiteral("B"));
+        gridtext::pick(f->cmbNiveis, QStringLiteral("ESO"));
+        gridtext::pick(f->cmbCursos, QStringLiteral("1º"));
+        gridtext::pick(f->cmbGrupos, QStringLiteral("B"));
         FileDialog::setNextFileName(sample(file));
         click(f->cmdBuscar);
         return f;
@@ -105,9 +90,9 @@ private slots:
         QCOMPARE(f.Caption(), QStringLiteral("Importar datos de Alumnos"));
         QCOMPARE(f.lblAxuda->text(),
                  QStringLiteral("Seleccione el Nivel, Curso y Grupo que quiere importar y luego busque el archivo."));
-        QCOMPARE(itemsOf(f.cmbNiveis), (QStringList{"Sin Datos", "Primaria", "ESO"}));
-        QCOMPARE(itemsOf(f.cmbCursos), QStringList{"Sin Datos"});
-        QCOMPARE(itemsOf(f.cmbGrupos), QStringList{"Sin Datos"});
+        QCOMPARE(gridtext::items(*f.cmbNiveis), (QStringList{"Sin Datos", "Primaria", "ESO"}));
+        QCOMPARE(gridtext::items(*f.cmbCursos), QStringList{"Sin Datos"});
+        QCOMPARE(gridtext::items(*f.cmbGrupos), QStringList{"Sin Datos"});
         QCOMPARE(f.cmbNiveis->currentText(), QStringLiteral("Sin Datos"));
         QCOMPARE(f.lblArchivo->text(), QStringLiteral("Archivo a importar"));
         QCOMPARE(f.cmdBuscar->text(), QStringLiteral("&Buscar Archivo"));
@@ -118,26 +103,26 @@ private slots:
     {
         frmComunicacionRecibir f;
         f.show();
-        choose(f.cmbNiveis, QStringLiteral("ESO"));
-        QCOMPARE(itemsOf(f.cmbCursos), (QStringList{"Sin Datos", "1º", "2º"}));
+        gridtext::pick(f.cmbNiveis, QStringLiteral("ESO"));
+        QCOMPARE(gridtext::items(*f.cmbCursos), (QStringList{"Sin Datos", "1º", "2º"}));
         QCOMPARE(f.cmbCursos->currentIndex(), 0);
-        QCOMPARE(itemsOf(f.cmbGrupos), QStringList{"Sin Datos"});
-        choose(f.cmbCursos, QStringLiteral("2º"));
-        QCOMPARE(itemsOf(f.cmbGrupos), (QStringList{"Sin Datos", "C"}));
+        QCOMPARE(gridtext::items(*f.cmbGrupos), QStringList{"Sin Datos"});
+        gridtext::pick(f.cmbCursos, QStringLiteral("2º"));
+        QCOMPARE(gridtext::items(*f.cmbGrupos), (QStringList{"Sin Datos", "C"}));
         QCOMPARE(f.cmbGrupos->currentIndex(), 0);
-        choose(f.cmbNiveis, QStringLiteral("Primaria"));
-        QCOMPARE(itemsOf(f.cmbCursos), (QStringList{"Sin Datos", "5º"}));
+        gridtext::pick(f.cmbNiveis, QStringLiteral("Primaria"));
+        QCOMPARE(gridtext::items(*f.cmbCursos), (QStringList{"Sin Datos", "5º"}));
         // The groups of the former course stay until a course is chosen.
-        QCOMPARE(itemsOf(f.cmbGrupos), (QStringList{"Sin Datos", "C"}));
+        QCOMPARE(gridtext::items(*f.cmbGrupos), (QStringList{"Sin Datos", "C"}));
     }
 
     void choosingSinDatosLeavesTheCombosBelowAsTheyAre()
     {
         frmComunicacionRecibir f;
         f.show();
-        choose(f.cmbNiveis, QStringLiteral("ESO"));
-        choose(f.cmbNiveis, QStringLiteral("Sin Datos"));
-        QCOMPARE(itemsOf(f.cmbCursos), (QStringList{"Sin Datos", "1º", "2º"}));
+        gridtext::pick(f.cmbNiveis, QStringLiteral("ESO"));
+        gridtext::pick(f.cmbNiveis, QStringLiteral("Sin Datos"));
+        QCOMPARE(gridtext::items(*f.cmbCursos), (QStringList{"Sin Datos", "1º", "2º"}));
     }
 
     void fileDialogHasItsTitleDefaultAndFilterAndFillsTheLabel()
@@ -169,8 +154,8 @@ private slots:
     {
         frmComunicacionRecibir f;
         f.show();
-        choose(f.cmbNiveis, QStringLiteral("ESO"));
-        choose(f.cmbCursos, QStringLiteral("1º"));
+        gridtext::pick(f.cmbNiveis, QStringLiteral("ESO"));
+        gridtext::pick(f.cmbCursos, QStringLiteral("1º"));
         FileDialog::setNextFileName(sample("clase.alu"));
         click(f.cmdBuscar);
         MsgBox::setNextAnswer(vbOK);
@@ -329,8 +314,8 @@ private slots:
     void groupChosenInAnotherCourseIsTheOneUsed()
     {
         auto f = ready("clase.alu");
-        choose(f->cmbCursos, QStringLiteral("2º"));
-        choose(f->cmbGrupos, QStringLiteral("C"));
+        gridtext::pick(f->cmbCursos, QStringLiteral("2º"));
+        gridtext::pick(f->cmbGrupos, QStringLiteral("C"));
         importa(*f);
         QCOMPARE(alumno(12), QStringLiteral("12|Lema Otero|Iria|3"));
     }

@@ -7,7 +7,9 @@
 #include "reports/engine/ReportFiles.h"
 #include "reports/viewers/frmInformeHojaDoc.h"
 #include "students/frmAtopar.h"
+#include "support/Files.h"
 #include "support/ModalForm.h"
+#include "vb/Clock.h"
 
 #include <QComboBox>
 #include <QDir>
@@ -28,13 +30,7 @@ QStringList rows(const QString& path, const QString& columns, const QString& tab
                             .arg(QStringList(columns.split(u',')).join(QStringLiteral(" || '|' || ")), table, order));
 }
 
-QString pdfText(const QString& pdf)
-{
-    QProcess p;
-    p.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
-    p.waitForFinished(30000);
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
+using files::pdfText;
 
 } // namespace
 
@@ -43,6 +39,7 @@ class TestStudentsPrint : public QObject {
 
     SheetOnYear year_;
     QTemporaryDir dir_;
+    QList<int> pauses_;
     QString previousDir_;
 
     QString program() const { return dir_.path() + QStringLiteral("/programa"); }
@@ -104,18 +101,31 @@ private slots:
         db::Schema::CreatePrint(staging());
         year_.start();
         MsgBox::reset();
-        frmAlumnosFicha::setStagingWaitMs(0);
+        // The pause before the record is recorded, not waited.
+        pauses_.clear();
+        vb::Clock::recordPauses(&pauses_);
     }
     void cleanup()
     {
-        frmAlumnosFicha::setStagingWaitMs(3000);
+        vb::Clock::recordPauses(nullptr);
         year_.finish();
     }
 
     void thePauseBeforeTheRecordIsThreeSeconds()
     {
-        frmAlumnosFicha::setStagingWaitMs(3000);
-        QCOMPARE(frmAlumnosFicha::stagingWaitMs(), 3000);
+        twoEvaluationsThreeSubjects();
+        auto& f = year_.open(1);
+        QVERIFY(pauses_.isEmpty());
+        // One pause of three seconds, asked for before the record opens.
+        QList<int> whenOpened;
+        auto run = onModal<frmInformeHojaDoc>([&](frmInformeHojaDoc* h) {
+            whenOpened = pauses_;
+            h->close();
+        });
+        click(f.cmdInforme);
+        QVERIFY(run->opened);
+        QCOMPARE(whenOpened, QList<int>{3000});
+        QCOMPARE(pauses_, QList<int>{3000});
     }
 
     void aStudentWithTwoEvaluationsAndThreeSubjectsIsStagedAsTheGridsShowIt()

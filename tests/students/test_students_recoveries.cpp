@@ -16,12 +16,6 @@ namespace {
 
 enum : int { ReEval = 1, ReMat, ReNota, ReRecuperar, ReNotaRec, ReRecuperado, ReObs, ReId };
 
-QString columna(const QString& column, int id)
-{
-    const QVariant v = value(QStringLiteral("SELECT %1 FROM tblNotasEval WHERE Id = %2").arg(column).arg(id));
-    return v.isNull() ? QStringLiteral("Null") : v.toString();
-}
-
 } // namespace
 
 class TestStudentsRecoveries : public QObject {
@@ -121,11 +115,13 @@ private slots:
         f.txtObsRec->setText(QStringLiteral("Recupera en xuño"));
         click(f.cmdGardarRec);
         QVERIFY(MsgBox::shown().isEmpty());
-        QCOMPARE(columna(QStringLiteral("Recuperar"), 2), QStringLiteral("true"));
-        QCOMPARE(columna(QStringLiteral("NotaRec"), 2), QStringLiteral("5.75"));
-        QCOMPARE(columna(QStringLiteral("Recuperado"), 2), QStringLiteral("false"));
-        QCOMPARE(columna(QStringLiteral("ObsRec"), 2), QStringLiteral("Recupera en xuño"));
-        QCOMPARE(columna(QStringLiteral("Nota"), 2), QStringLiteral("6.5"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Recuperar"), 2), QStringLiteral("true"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("NotaRec"), 2), QStringLiteral("5.75"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Recuperado"), 2),
+                 QStringLiteral("false"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("ObsRec"), 2),
+                 QStringLiteral("Recupera en xuño"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Nota"), 2), QStringLiteral("6.5"));
         QCOMPARE(cells(*f.mshEvalRec, 1, ReRecuperar, ReObs), QStringLiteral("SÍ | 5,75 | NO | Recupera en xuño"));
     }
 
@@ -141,7 +137,7 @@ private slots:
         QCOMPARE(MsgBox::shown().size(), 1);
         QCOMPARE(MsgBox::shown().first().text, QStringLiteral("Ponga un nº correcto"));
         QCOMPARE(MsgBox::shown().first().flags, vbInformation);
-        QCOMPARE(columna(QStringLiteral("Recuperar"), 2), QStringLiteral("false"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Recuperar"), 2), QStringLiteral("false"));
     }
 
     void borrarRecLeavesTheMarkAndTheRowWithNoEmptyNo()
@@ -153,9 +149,9 @@ private slots:
         f.sstDatos->setCurrentWidget(f.tabRecuperaciones);
         click(f.cmdBorrarRec);
         QVERIFY(MsgBox::shown().isEmpty());
-        QCOMPARE(columna(QStringLiteral("Nota"), 2), QStringLiteral("6.5"));
-        QCOMPARE(columna(QStringLiteral("NotaRec"), 2), QStringLiteral("Null"));
-        QCOMPARE(columna(QStringLiteral("ObsRec"), 2), QStringLiteral("Null"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Nota"), 2), QStringLiteral("6.5"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("NotaRec"), 2), QStringLiteral("Null"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("ObsRec"), 2), QStringLiteral("Null"));
         QCOMPARE(cells(*f.mshEvalRec, 1, ReNota, ReObs), QStringLiteral("6,50 | NO |  | NO | "));
     }
 
@@ -171,8 +167,10 @@ private slots:
         doubleClickCell(f.mshEval, 1, 4);
         QVERIFY(run->closedByItself());
         const int id = value(QStringLiteral("SELECT Id FROM tblNotasEval WHERE IdEval = 2")).toInt();
-        QCOMPARE(columna(QStringLiteral("Recuperar"), id), QStringLiteral("false"));
-        QCOMPARE(columna(QStringLiteral("Recuperado"), id), QStringLiteral("false"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Recuperar"), id),
+                 QStringLiteral("false"));
+        QCOMPARE(yearq::field(QStringLiteral("tblNotasEval"), QStringLiteral("Recuperado"), id),
+                 QStringLiteral("false"));
         QCOMPARE(cells(*f.mshEvalRec, 1, ReEval, ReRecuperado),
                  QStringLiteral("2ª Evaluación | Lengua | 5,00 | NO |  | NO"));
     }

@@ -5,6 +5,8 @@
 #include <QComboBox>
 #include <QList>
 #include <QStringList>
+#include <QTest>
+#include <QVariant>
 
 namespace gridtext {
 
@@ -44,6 +46,7 @@ inline int rowWith(const FlexGrid& grid, int col, const QString& text)
     return -1;
 }
 
+// The texts of a combo's entries, in order.
 inline QStringList items(const QComboBox& box)
 {
     QStringList texts;
@@ -52,9 +55,36 @@ inline QStringList items(const QComboBox& box)
     return texts;
 }
 
+// Each entry as "<text>=<item data>", in order.
+inline QStringList itemsWithData(const QComboBox& box)
+{
+    QStringList texts;
+    for (int i = 0; i < box.count(); ++i)
+        texts << box.itemText(i) + u'=' + box.itemData(i).toString();
+    return texts;
+}
+
+// The entry of that text made current, as a program sets it (no signal of
+// the user's choice).
 inline void choose(QComboBox* box, const QString& text)
 {
     box->setCurrentIndex(box->findText(text));
+}
+
+// The entry whose item data is that key made current.
+inline void chooseData(QComboBox* box, const QVariant& key)
+{
+    box->setCurrentIndex(box->findData(key));
+}
+
+// A choice made by the user: the entry of that text selected, then its
+// click (activated). A text the box does not hold fails the test.
+inline void pick(QComboBox* box, const QString& text)
+{
+    const int index = box->findText(text);
+    QVERIFY2(index >= 0, qPrintable(text));
+    box->setCurrentIndex(index);
+    emit box->activated(index);
 }
 
 } // namespace gridtext

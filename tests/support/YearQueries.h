@@ -26,6 +26,13 @@ inline int count(const QString& table, const db::ConnectionPtr& cn = gConexion)
     return value(QStringLiteral("SELECT COUNT(*) FROM ") + table, cn).toInt();
 }
 
+// One column of the row of a table with that key, as text; "Null" for a Null.
+inline QString field(const QString& table, const QString& column, int id, const db::ConnectionPtr& cn = gConexion)
+{
+    const QVariant v = value(QStringLiteral("SELECT %1 FROM %2 WHERE Id = %3").arg(column, table).arg(id), cn);
+    return v.isNull() ? QStringLiteral("Null") : v.toString();
+}
+
 // How many rows a query gives.
 inline int rowCount(const QString& sql, const db::ConnectionPtr& cn = gConexion)
 {

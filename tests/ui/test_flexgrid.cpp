@@ -7,6 +7,7 @@
 #include "ui/Colors.h"
 #include "ui/FlexGrid.h"
 #include "ui/Form.h"
+#include "ui/GridShape.h"
 #include "vb/RuntimeError.h"
 
 #include <QHeaderView>
@@ -202,7 +203,9 @@ private slots:
         FlexGrid grid;
         db::Recordset rs;
         openRs(rs, QStringLiteral("SELECT Id, Des FROM tblMaterias WHERE Id = 1"));
-        ui::fillList(grid, rs, {500, 1100, 4000}, {QString(), QStringLiteral("Código"), QStringLiteral("Descripción")});
+        ui::fillList(grid, rs,
+                     ui::GridColumns::fromLists({500, 1100, 4000},
+                                                {QString(), QStringLiteral("Código"), QStringLiteral("Descripción")}));
         QCOMPARE(grid.Rows(), 2);
         QCOMPARE(grid.TextMatrix(1, 1), QStringLiteral("1"));
         QCOMPARE(grid.TextMatrix(1, 2), QStringLiteral("Lengua"));
@@ -215,13 +218,15 @@ private slots:
         FlexGrid grid;
         db::Recordset full;
         openRs(full, QStringLiteral("SELECT Id, Des FROM tblMaterias"));
-        ui::fillList(grid, full, {500, 1100, 4000},
-                     {QString(), QStringLiteral("Código"), QStringLiteral("Descripción")});
+        ui::fillList(grid, full,
+                     ui::GridColumns::fromLists({500, 1100, 4000},
+                                                {QString(), QStringLiteral("Código"), QStringLiteral("Descripción")}));
         QCOMPARE(grid.Rows(), 4);
         db::Recordset empty;
         openRs(empty, QStringLiteral("SELECT Id, Des FROM tblMaterias WHERE Id = 0"));
-        ui::fillList(grid, empty, {500, 1100, 4000},
-                     {QString(), QStringLiteral("Código"), QStringLiteral("Descripción")});
+        ui::fillList(grid, empty,
+                     ui::GridColumns::fromLists({500, 1100, 4000},
+                                                {QString(), QStringLiteral("Código"), QStringLiteral("Descripción")}));
         QCOMPARE(grid.Rows(), 2);
         QCOMPARE(grid.TextMatrix(1, 1), QString());
         QCOMPARE(grid.TextMatrix(0, 1), QString()); // cleared, and the fill stopped there
@@ -232,7 +237,8 @@ private slots:
         FlexGrid grid;
         db::Recordset rs;
         openRs(rs, QStringLiteral("SELECT Id, Ape, Nom FROM tblAlumnos ORDER BY Id"));
-        ui::fillList(grid, rs, {500, 600, 3000, 2000}, {QString(), QStringLiteral("Id")}, true);
+        ui::fillList(grid, rs, ui::GridColumns::fromLists({500, 600, 3000, 2000}, {QString(), QStringLiteral("Id")}),
+                     true);
         QCOMPARE(grid.Rows(), rs.RecordCount() + 1);
         for (int r = 1; r < grid.Rows(); ++r)
             for (int c = 1; c < grid.Cols(); ++c)
@@ -250,7 +256,7 @@ private slots:
         FlexGrid grid;
         db::Recordset rs;
         openRs(rs, QStringLiteral("SELECT Id, Des FROM tblMaterias ORDER BY Id"));
-        ui::fillList(grid, rs, {}, {});
+        ui::fillList(grid, rs, ui::GridColumns::fromLists({}, {}));
         QCOMPARE(grid.Row(), 1);
         QCOMPARE(grid.Col(), 1);
         QCOMPARE(grid.RowSel(), 1);
@@ -263,7 +269,7 @@ private slots:
         FlexGrid grid;
         db::Recordset rs;
         openRs(rs, QStringLiteral("SELECT Id, Des FROM tblMaterias ORDER BY Id"));
-        ui::fillList(grid, rs, {}, {});
+        ui::fillList(grid, rs, ui::GridColumns::fromLists({}, {}));
         grid.setRow(3);
         QCOMPARE(grid.RowSel(), 3);
         ui::moveRecordsetToGridRow(grid, rs);
@@ -454,9 +460,10 @@ private slots:
         layout->addWidget(grid);
         db::Recordset rs;
         openRs(rs, QStringLiteral("SELECT Ape, Nom, MailAlu, Grupo FROM tblAlumnos ORDER BY Ape"));
-        ui::fillList(*grid, rs, {500, 3000, 1800, 3000, 900},
-                     {QString(), QStringLiteral("APELLIDOS"), QStringLiteral("NOMBRE"),
-                      QStringLiteral("CORREO ELECTRÓNICO"), QStringLiteral("GRUPO")},
+        ui::fillList(*grid, rs,
+                     ui::GridColumns::fromLists({500, 3000, 1800, 3000, 900},
+                                                {QString(), QStringLiteral("APELLIDOS"), QStringLiteral("NOMBRE"),
+                                                 QStringLiteral("CORREO ELECTRÓNICO"), QStringLiteral("GRUPO")}),
                      true);
         form.resize(720, 260);
         form.show();

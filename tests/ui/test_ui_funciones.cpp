@@ -1,5 +1,6 @@
 // RellenarCombo, OrdenarGrid and PulsarTecla on a seeded year.
 #include "core/Modulo.h"
+#include "support/GridText.h"
 #include "support/SessionYear.h"
 #include "ui/FlexGrid.h"
 #include "ui/UiFunciones.h"
@@ -10,22 +11,6 @@
 #include <QtTest>
 
 namespace {
-
-QStringList itemsOf(const QComboBox& combo)
-{
-    QStringList out;
-    for (int i = 0; i < combo.count(); ++i)
-        out << combo.itemText(i);
-    return out;
-}
-
-QStringList column(const FlexGrid& grid, int col)
-{
-    QStringList out;
-    for (int r = 1; r < grid.Rows(); ++r)
-        out << grid.TextMatrix(r, col);
-    return out;
-}
 
 // Marks of three students, unsorted, in columns 1 (name) and 2 (mark).
 void fillMarks(FlexGrid& grid)
@@ -59,8 +44,8 @@ private slots:
     {
         QComboBox combo;
         RellenarCombo(QStringLiteral("tblMaterias"), QStringLiteral("Id"), QStringLiteral("Des"), &combo, QString());
-        QCOMPARE(itemsOf(combo), (QStringList{QStringLiteral("Lengua"), QStringLiteral("Matemáticas"),
-                                              QStringLiteral("Ciencias Naturales")}));
+        QCOMPARE(gridtext::items(combo), (QStringList{QStringLiteral("Lengua"), QStringLiteral("Matemáticas"),
+                                                      QStringLiteral("Ciencias Naturales")}));
     }
 
     void rellenarComboAppendsWithoutClearingAndLeavesItemData()
@@ -69,8 +54,8 @@ private slots:
         combo.addItem(QStringLiteral("(ninguna)"), 99);
         RellenarCombo(QStringLiteral("tblMaterias"), QStringLiteral("Id"), QStringLiteral("Des"), &combo,
                       QStringLiteral("tblMaterias.Id > 1"));
-        QCOMPARE(itemsOf(combo), (QStringList{QStringLiteral("(ninguna)"), QStringLiteral("Matemáticas"),
-                                              QStringLiteral("Ciencias Naturales")}));
+        QCOMPARE(gridtext::items(combo), (QStringList{QStringLiteral("(ninguna)"), QStringLiteral("Matemáticas"),
+                                                      QStringLiteral("Ciencias Naturales")}));
         QCOMPARE(combo.itemData(0).toInt(), 99);
         QVERIFY(!combo.itemData(1).isValid());
         QVERIFY(!combo.itemData(2).isValid());
@@ -89,12 +74,16 @@ private slots:
         FlexGrid grid;
         fillMarks(grid);
         OrdenarGrid(&grid, 2);
-        QCOMPARE(column(grid, 2), (QStringList{QStringLiteral("5"), QStringLiteral("7,5"), QStringLiteral("10")}));
-        QCOMPARE(column(grid, 1), (QStringList{QStringLiteral("Bea"), QStringLiteral("Ana"), QStringLiteral("Carla")}));
+        QCOMPARE(gridtext::column(grid, 2),
+                 (QStringList{QStringLiteral("5"), QStringLiteral("7,5"), QStringLiteral("10")}));
+        QCOMPARE(gridtext::column(grid, 1),
+                 (QStringList{QStringLiteral("Bea"), QStringLiteral("Ana"), QStringLiteral("Carla")}));
         OrdenarGrid(&grid, 2);
-        QCOMPARE(column(grid, 2), (QStringList{QStringLiteral("10"), QStringLiteral("7,5"), QStringLiteral("5")}));
+        QCOMPARE(gridtext::column(grid, 2),
+                 (QStringList{QStringLiteral("10"), QStringLiteral("7,5"), QStringLiteral("5")}));
         OrdenarGrid(&grid, 2);
-        QCOMPARE(column(grid, 2), (QStringList{QStringLiteral("5"), QStringLiteral("7,5"), QStringLiteral("10")}));
+        QCOMPARE(gridtext::column(grid, 2),
+                 (QStringList{QStringLiteral("5"), QStringLiteral("7,5"), QStringLiteral("10")}));
         QVERIFY(grid.Redraw());
     }
 
@@ -104,9 +93,11 @@ private slots:
         fillMarks(grid);
         OrdenarGrid(&grid, 2); // ascending by mark
         OrdenarGrid(&grid, 1); // another column: ascending again
-        QCOMPARE(column(grid, 1), (QStringList{QStringLiteral("Ana"), QStringLiteral("Bea"), QStringLiteral("Carla")}));
+        QCOMPARE(gridtext::column(grid, 1),
+                 (QStringList{QStringLiteral("Ana"), QStringLiteral("Bea"), QStringLiteral("Carla")}));
         OrdenarGrid(&grid, 1);
-        QCOMPARE(column(grid, 1), (QStringList{QStringLiteral("Carla"), QStringLiteral("Bea"), QStringLiteral("Ana")}));
+        QCOMPARE(gridtext::column(grid, 1),
+                 (QStringList{QStringLiteral("Carla"), QStringLiteral("Bea"), QStringLiteral("Ana")}));
     }
 
     void rememberedSortIsSharedByEveryGridAndCanBeReset()
@@ -117,12 +108,12 @@ private slots:
         fillMarks(second);
         OrdenarGrid(&first, 1);
         OrdenarGrid(&second, 1); // same column, ascending just before: descending
-        QCOMPARE(column(second, 1),
+        QCOMPARE(gridtext::column(second, 1),
                  (QStringList{QStringLiteral("Carla"), QStringLiteral("Bea"), QStringLiteral("Ana")}));
         OrdenarGrid(&first, 1);
         resetOrdenarGrid();
         OrdenarGrid(&second, 1);
-        QCOMPARE(column(second, 1),
+        QCOMPARE(gridtext::column(second, 1),
                  (QStringList{QStringLiteral("Ana"), QStringLiteral("Bea"), QStringLiteral("Carla")}));
     }
 
@@ -131,7 +122,8 @@ private slots:
         FlexGrid grid;
         fillMarks(grid);
         OrdenarGrid(&grid, 9);
-        QCOMPARE(column(grid, 1), (QStringList{QStringLiteral("Bea"), QStringLiteral("Carla"), QStringLiteral("Ana")}));
+        QCOMPARE(gridtext::column(grid, 1),
+                 (QStringList{QStringLiteral("Bea"), QStringLiteral("Carla"), QStringLiteral("Ana")}));
         QVERIFY(grid.Redraw());
     }
 

@@ -4,6 +4,7 @@
 // while others write, backups that are refused before they touch the year,
 // and the safety copies a restore keeps of the year it replaces.
 #include "db/Schema.h"
+#include "support/Files.h"
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
@@ -52,10 +53,7 @@ QStringList sorted(QStringList names)
     return names;
 }
 
-QStringList filesIn(const QString& folder)
-{
-    return sorted(QDir(folder).entryList(QDir::Files | QDir::Hidden));
-}
+using files::filesIn;
 
 } // namespace
 

@@ -2,6 +2,7 @@
 // the program folder, the compacted file put in place whole, the failure that
 // ends the program, copies that never leave a partial file behind, and the
 // temporaries of killed copies cleared away.
+#include "support/Files.h"
 #include "support/OpenInstall.h"
 #include "support/ScreenHarness.h"
 #include "support/YearQueries.h"
@@ -20,12 +21,7 @@ int freePages(const QString& path)
     return yearq::native(path, QStringLiteral("PRAGMA freelist_count")).value(0).toInt();
 }
 
-QStringList filesIn(const QString& folder)
-{
-    QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden);
-    names.sort();
-    return names;
-}
+using files::filesIn;
 
 QStringList sorted(QStringList names)
 {

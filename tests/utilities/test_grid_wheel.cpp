@@ -5,6 +5,7 @@
 #include "masterdata/frmEvaluaciones.h"
 #include "masterdata/frmTareasTipos.h"
 #include "support/SessionYear.h"
+#include "support/Wheel.h"
 #include "ui/FlexGrid.h"
 #include "ui/MsgBox.h"
 
@@ -15,42 +16,33 @@
 
 namespace {
 
-void wheel(FlexGrid* grid, int delta)
-{
-    QWidget* target = grid->viewport();
-    const QPoint pos = target->rect().center();
-    QWheelEvent event(pos, target->mapToGlobal(pos), QPoint(), QPoint(0, delta), Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(target, &event);
-}
-
 // One notch each way, a big turn, and the ends of the list.
 void checkOneLinePerNotch(FlexGrid* grid)
 {
     QCOMPARE(grid->TopRow(), 1);
-    wheel(grid, 120);
+    wheel(grid->viewport(), 120);
     QCOMPARE(grid->TopRow(), 1); // nothing above the first row
-    wheel(grid, -120);
+    wheel(grid->viewport(), -120);
     QCOMPARE(grid->TopRow(), 2);
-    wheel(grid, -120);
+    wheel(grid->viewport(), -120);
     QCOMPARE(grid->TopRow(), 3);
-    wheel(grid, 120);
+    wheel(grid->viewport(), 120);
     QCOMPARE(grid->TopRow(), 2);
-    wheel(grid, -480); // a fast turn in one message
+    wheel(grid->viewport(), -480); // a fast turn in one message
     QCOMPARE(grid->TopRow(), 3);
-    wheel(grid, -15); // a fine-grained wheel's small step
+    wheel(grid->viewport(), -15); // a fine-grained wheel's small step
     QCOMPARE(grid->TopRow(), 4);
-    wheel(grid, 480);
+    wheel(grid->viewport(), 480);
     QCOMPARE(grid->TopRow(), 3);
     // At the end of the list the scroll position counts the lines (the top
     // row may stand there half in view).
     QScrollBar* bar = grid->verticalScrollBar();
     bar->setValue(bar->maximum());
-    wheel(grid, -120);
+    wheel(grid->viewport(), -120);
     QCOMPARE(bar->value(), bar->maximum()); // nothing below the last row
-    wheel(grid, 120);
+    wheel(grid->viewport(), 120);
     QCOMPARE(bar->value(), bar->maximum() - 1);
-    wheel(grid, 360);
+    wheel(grid->viewport(), 360);
     QCOMPARE(bar->value(), bar->maximum() - 2);
 }
 
@@ -106,7 +98,7 @@ private slots:
             form.show();
             QVERIFY(QTest::qWaitForWindowExposed(&form));
             first = form.mshDatos;
-            wheel(form.mshDatos, -120);
+            wheel(form.mshDatos->viewport(), -120);
             QCOMPARE(form.mshDatos->TopRow(), 2);
         }
         QVERIFY(first.isNull());

@@ -3,6 +3,7 @@
 #include "db/Recordset.h"
 #include "reports/engine/ReportErrors.h"
 #include "vb/RuntimeError.h"
+#include "vb/Values.h"
 #include "vb/Vb.h"
 
 #include <QDateTime>
@@ -34,21 +35,6 @@ std::optional<double> numberInText(const QString& text)
     return ok ? std::optional<double>(x) : std::nullopt;
 }
 
-bool isNumberType(const QVariant& v)
-{
-    switch (v.typeId()) {
-    case QMetaType::Int:
-    case QMetaType::UInt:
-    case QMetaType::LongLong:
-    case QMetaType::ULongLong:
-    case QMetaType::Double:
-    case QMetaType::Float:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // The value as a number for the numeric formats: a Single keeps its own
 // digits; a text with a number counts as that number.
 std::optional<QVariant> numeric(const QVariant& v)
@@ -57,7 +43,7 @@ std::optional<QVariant> numeric(const QVariant& v)
         return std::nullopt;
     if (v.typeId() == QMetaType::Bool)
         return QVariant(v.toBool() ? -1 : 0);
-    if (isNumberType(v))
+    if (vb::holdsNumber(v))
         return v;
     if (v.typeId() == QMetaType::QString) {
         if (const auto x = numberInText(v.toString()))
