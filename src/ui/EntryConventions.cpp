@@ -156,6 +156,11 @@ private:
         // to this one, takes it from here before it arrived.
         if (windowOnly(event) || !field->property(kHasFocus).toBool())
             return;
+        // A field that loses the focus because it is being destroyed (its
+        // form going away with the focus in it) is no longer what it was:
+        // its form's part is gone too, and no check of it may run.
+        if (field->metaObject() == &QWidget::staticMetaObject)
+            return;
         field->setProperty(kHasFocus, false);
         field->setProperty(kClickedIn, false);
         auto* masked = qobject_cast<MaskEdit*>(field);
