@@ -37,20 +37,20 @@ class TestTypedWrites : public QObject {
         return errorNumber([&] { cn_->Execute(statement); });
     }
 
+    // Every mark as SQLite holds it, type and value.
+    QStringList marks() const
+    {
+        return yearq::native(year_->path(), QStringLiteral("SELECT typeof(Nota) || Nota FROM tblNotas ORDER BY Id"));
+    }
+
     // The statement fails with a type mismatch and the year is as it was.
     void refused(const QString& statement)
     {
-        const QByteArray before = yearq::native(year_->path(), QStringLiteral("SELECT group_concat(typeof(Nota) || "
-                                                                              "Nota) FROM tblNotas"))
-                                      .join(u'|')
-                                      .toUtf8();
+        const QStringList before = marks();
         const QMap<QString, int> counts = yearq::tableCounts(year_->path());
         QCOMPARE(execute(statement), kTypeMismatch);
         QCOMPARE(yearq::tableCounts(year_->path()), counts);
-        QCOMPARE(yearq::native(year_->path(), QStringLiteral("SELECT group_concat(typeof(Nota) || Nota) FROM tblNotas"))
-                     .join(u'|')
-                     .toUtf8(),
-                 before);
+        QCOMPARE(marks(), before);
     }
 
 private slots:
